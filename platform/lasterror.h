@@ -1,0 +1,10 @@
+// The calling thread's last error, as the platform's calls leave it.
+#pragma once
+
+#include "platform/wintypes.h"
+
+DWORD GetLastError();
+void SetLastError(DWORD error);
+
+// The last error turned into an HRESULT the way the program reports failures.
+inline HRESULT LastErrorAsHresult() { return HRESULT_FROM_WIN32(GetLastError()); }

@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include "platform/clock.h"
+#include "platform/oletime.h"
+#include "platform/wstr.h"
+#include "res/strings.h"
+
+namespace velmo {
+namespace {
+
+TEST(OleTime, NoDateIsFirstOfJanuary4501) {
+  SYSTEMTIME st;
+  ASSERT_TRUE(VariantTimeToSystemTime(kNoDate, &st));
+  EXPECT_EQ(st.wYear, 4501);
+  EXPECT_EQ(st.wMonth, 1);
+  EXPECT_EQ(st.wDay, 1);
+  EXPECT_EQ(MakeDate(4501, 1, 1), kNoDate);
+}
+
+TEST(OleTime, FileTimeRoundTripKeepsTheSecond) {
+  struct Case { int y, mo, d, h, mi, s; } cases[] = {
+      {1899, 12, 30, 0, 0, 0}, {2000, 2, 29, 23, 59, 59}, {2026, 11, 21, 8, 0, 0},
+      {1601, 1, 1, 0, 0, 1}, {4501, 1, 1, 0, 0, 0}, {1970, 1, 1, 12, 30, 15}};
+  for (const Case& c : cases) {
+    const DATE date = MakeDate(c.y, c.mo, c.d, c.h, c.mi, c.s);
+    FILETIME ft;
+    ASSERT_TRUE(DateToFileTime(date, &ft)) << c.y;
+    DATE back = 0;
+    ASSERT_TRUE(FileTimeToDate(ft, &back));
+    EXPECT_NEAR(back, date, 1e-9) << c.y << "-" << c.mo << "-" << c.d;
+  }
+  // 1601-01-01 00:00:01 is ten million ticks.
+  FILETIME ft;
+  ASSERT_TRUE(DateToFileTime(MakeDate(1601, 1, 1, 0, 0, 1), &ft));
+  EXPECT_EQ(FileTimeTicks(ft), 10000000u);
+}
+
+TEST(OleTime, WeekdayAndInvalidDates) {
+  SYSTEMTIME st;
+  ASSERT_TRUE(VariantTimeToSystemTime(MakeDate(2026, 11, 21), &st));
+  EXPECT_EQ(st.wDayOfWeek, 6);  // a Saturday
+  SYSTEMTIME bad{2025, 2, 0, 29, 0, 0, 0, 0};
+  DATE d;
+  EXPECT_FALSE(SystemTimeToVariantTime(&bad, &d));
+  EXPECT_EQ(WholeDay(MakeDate(2026, 1, 1, 23, 59)), WholeDay(MakeDate(2026, 1, 1)));
+}
+
+TEST(Clock, ScopedClockPinsAndRestores) {
+  const DATE pinned = MakeDate(2030, 6, 15, 10, 20, 30);
+  {
+    ScopedClock clock(pinned);
+    EXPECT_EQ(NowAsDate(), pinned);
+  }
+  EXPECT_NE(NowAsDate(), pinned);
+}
+
+TEST(WideStrings, RoundTripAndInvalidInput) {
+  const std::wstring text = L"Caf\u00e9 \u20ac \U0001F600";
+  EXPECT_EQ(FromUtf8(ToUtf8(text)), text);
+  EXPECT_EQ(FromUtf16(ToUtf16(text)), text);
+  EXPECT_EQ(FromUtf8("\xff\xfe" "a"), L"\uFFFD\uFFFDa");
+  EXPECT_EQ(ToUtf8(std::wstring(1, static_cast<wchar_t>(0xD800))), "\xEF\xBF\xBD");
+}
+
+TEST(StringTable, FormatsInsertsAndLoadsByNumber) {
+  EXPECT_STREQ(res::String(121), L"Velmo ToDo List");
+  EXPECT_EQ(res::String(99999), nullptr);
+  EXPECT_EQ(res::Format(L"%2 before %1, 100%%, %3", {L"a", L"b"}), L"b before a, 100%, %3");
+  wchar_t buf[6];
+  EXPECT_EQ(LoadStringW(nullptr, 121, buf, 6), 5);
+  EXPECT_STREQ(buf, L"Velmo");
+}
+
+}  // namespace
+}  // namespace velmo

@@ -1,0 +1,22 @@
+#include "tests/support/temp_root.h"
+
+#include <stdlib.h>
+
+#include "platform/device.h"
+
+namespace velmo::testing {
+
+TempRoot::TempRoot() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "velmo-test-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) ADD_FAILURE() << "cannot make a temporary root";
+  path_ = pattern;
+  device::SetRoot(path_);
+  setenv("VELMO_ROOT", path_.c_str(), 1);
+}
+
+TempRoot::~TempRoot() {
+  std::error_code ec;
+  std::filesystem::remove_all(path_, ec);
+}
+
+}  // namespace velmo::testing
