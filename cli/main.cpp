@@ -1,7 +1,46 @@
-// velmo: the companion command.
+// velmo: the companion command for people and scripts beside velmo-todo.
 #include <cstdio>
+#include <cstring>
+#include <iterator>
 
-int main() {
-  std::puts("velmo");
-  return 0;
+#include "cli/subcommand.h"
+#include "platform/device.h"
+
+namespace {
+
+using velmo::cli::Subcommand;
+
+// One line per subcommand; keep the list in the order --help shows it.
+constexpr Subcommand kSubcommands[] = {
+    {"reg", "reg export [KEY] | reg import FILE   settings in registry-export text form",
+     velmo::cli::RunReg},
+};
+
+void PrintHelp(std::FILE* out) {
+  std::fputs("usage: velmo [--root DIR] COMMAND [ARGS]\n\n"
+             "The companion of velmo-todo. The device is DIR, else $VELMO_ROOT, else\n"
+             "$XDG_DATA_HOME/velmo-todo, else ~/.local/share/velmo-todo.\n\ncommands:\n",
+             out);
+  for (const Subcommand& s : kSubcommands) std::fprintf(out, "  %s\n", s.usage);
+  std::fputs("  --help                                   this text\n", out);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  int first = 1;
+  if (argc > 2 && std::strcmp(argv[1], "--root") == 0) {
+    velmo::device::SetRoot(argv[2]);
+    first = 3;
+  }
+  if (first >= argc || std::strcmp(argv[first], "--help") == 0 ||
+      std::strcmp(argv[first], "-h") == 0) {
+    PrintHelp(first >= argc ? stderr : stdout);
+    return first >= argc ? 2 : 0;
+  }
+  for (const Subcommand& s : kSubcommands) {
+    if (std::strcmp(argv[first], s.name) == 0) return s.run(argc - first - 1, argv + first + 1);
+  }
+  std::fprintf(stderr, "velmo: unknown command '%s' (see velmo --help)\n", argv[first]);
+  return 2;
 }

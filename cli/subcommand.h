@@ -1,0 +1,16 @@
+// The companion command's subcommands. Each takes the arguments after its own
+// name and returns the process exit code.
+#pragma once
+
+namespace velmo::cli {
+
+struct Subcommand {
+  const char* name;
+  const char* usage;    // one line for velmo --help
+  int (*run)(int argc, char** argv);
+};
+
+// Every subcommand, defined in cli/<name>_command.cpp, listed in cli/main.cpp.
+int RunReg(int argc, char** argv);
+
+}  // namespace velmo::cli
