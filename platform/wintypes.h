@@ -20,6 +20,7 @@ using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using WPARAM = std::uintptr_t;
 using LPARAM = std::intptr_t;
+using ULONG_PTR = std::uintptr_t;
 using LRESULT = std::intptr_t;
 using HANDLE = void*;
 using CEOID = DWORD;
@@ -66,6 +67,9 @@ constexpr DWORD ERROR_DISK_FULL = 112;
 constexpr DWORD ERROR_DATABASE_FULL = 4314;
 constexpr DWORD ERROR_BAD_FORMAT = 11;
 constexpr DWORD ERROR_LOCK_VIOLATION = 33;
+constexpr DWORD ERROR_NOT_OWNER = 288;
+constexpr DWORD ERROR_TIMEOUT = 1460;
+constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
 
 constexpr HRESULT S_OK = 0;
 constexpr HRESULT S_FALSE = 1;
@@ -83,6 +87,24 @@ constexpr HRESULT HRESULT_FROM_WIN32(DWORD e) {
   return static_cast<LONG>(e) <= 0 ? static_cast<HRESULT>(e)
                                    : static_cast<HRESULT>((e & 0xFFFFu) | 0x80070000u);
 }
+
+// Window handles and the few window messages that cross module boundaries
+// (the hand-over between instances uses them as well as the window manager).
+struct HWND__;
+using HWND = HWND__*;
+
+constexpr UINT WM_COMMAND = 0x0111;
+constexpr UINT WM_COPYDATA = 0x004A;
+constexpr UINT WM_APP = 0x8000;
+constexpr int IDOK = 1;
+constexpr int IDCANCEL = 2;
+
+// The record carried by WM_COPYDATA (lParam points at it).
+struct COPYDATASTRUCT {
+  ULONG_PTR dwData;
+  DWORD cbData;
+  void* lpData;
+};
 
 constexpr WORD LOWORD(std::uintptr_t v) { return static_cast<WORD>(v & 0xFFFF); }
 constexpr WORD HIWORD(std::uintptr_t v) { return static_cast<WORD>((v >> 16) & 0xFFFF); }
