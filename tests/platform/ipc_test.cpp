@@ -1,0 +1,387 @@
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/device.h"
+#include "platform/ipc.h"
+#include "platform/ipc_wire.h"
+#include "platform/lasterror.h"
+#include "tests/support/temp_root.h"
+
+namespace velmo::ipc {
+namespace {
+
+constexpr const wchar_t* kClass = L"Velmo ToDo List";
+constexpr const wchar_t* kMutexName = L"_VELMO_TODO_MUTEX_";
+
+// Every test gets a fresh device root and its own runtime folder, and collects
+// what the channel logs.
+class IpcTest : public testing::DeviceTest {
+ protected:
+  void SetUp() override {
+    runtime_ = root().string() + "/run";
+    mkdir(runtime_.c_str(), 0700);
+    setenv("XDG_RUNTIME_DIR", runtime_.c_str(), 1);
+    SetLogSink([this](const std::string& line) { log_ += line + "\n"; });
+  }
+  void TearDown() override {
+    SetLogSink(nullptr);
+    unsetenv("XDG_RUNTIME_DIR");
+  }
+
+  // Runs the receiving side until `done` or a few seconds have passed.
+  void Pump(Listener& listener, const Handlers& handlers, const std::atomic<bool>& done) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (!done && std::chrono::steady_clock::now() < end) {
+      pollfd p{listener.fd(), POLLIN, 0};
+      if (poll(&p, 1, 50) > 0) listener.ReceiveOne(handlers);
+    }
+  }
+
+  // Connects a raw socket to the listener, sends bytes and closes.
+  void SendRaw(const Listener& listener, const std::vector<BYTE>& bytes) {
+    const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strcpy(address.sun_path, listener.socket_path().c_str());
+    ASSERT_EQ(connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL),
+              static_cast<ssize_t>(bytes.size()));
+    close(fd);
+  }
+
+  std::string runtime_;
+  std::string log_;
+};
+
+TEST_F(IpcTest, MutexExistsWhileAnotherProcessHoldsIt) {
+  int ready[2], release[2];
+  ASSERT_EQ(pipe(ready), 0);
+  ASSERT_EQ(pipe(release), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    HANDLE mine = CreateMutexW(nullptr, FALSE, kMutexName);
+    const char status = mine && GetLastError() == ERROR_SUCCESS ? 'y' : 'n';
+    (void)!write(ready[1], &status, 1);
+    char c;
+    (void)!read(release[0], &c, 1);
+    _exit(0);
+  }
+  char status = 0;
+  ASSERT_EQ(read(ready[0], &status, 1), 1);
+  EXPECT_EQ(status, 'y');
+
+  HANDLE second = CreateMutexW(nullptr, FALSE, kMutexName);
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+  EXPECT_TRUE(CloseHandle(second));
+
+  // Once the holder has ended, the next creator is first again.
+  (void)!write(release[1], "x", 1);
+  int wstatus = 0;
+  waitpid(child, &wstatus, 0);
+  HANDLE third = CreateMutexW(nullptr, FALSE, kMutexName);
+  ASSERT_NE(third, nullptr);
+  EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+  EXPECT_TRUE(CloseHandle(third));
+  for (int fd : {ready[0], ready[1], release[0], release[1]}) close(fd);
+}
+
+TEST_F(IpcTest, MutexHandlesInOneProcess) {
+  HANDLE first = CreateMutexW(nullptr, FALSE, kMutexName);
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+  HANDLE again = CreateMutexW(nullptr, TRUE, kMutexName);
+  EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+  // Neither handle owns the mutex: nothing waited on it, and an existing mutex
+  // grants no initial ownership.
+  EXPECT_FALSE(ReleaseMutex(first));
+  EXPECT_EQ(GetLastError(), ERROR_NOT_OWNER);
+  EXPECT_FALSE(ReleaseMutex(again));
+  EXPECT_TRUE(CloseHandle(again));
+  // Another name is another mutex.
+  HANDLE other = CreateMutexW(nullptr, TRUE, L"another");
+  EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+  EXPECT_TRUE(ReleaseMutex(other));
+  EXPECT_TRUE(CloseHandle(other));
+  EXPECT_TRUE(CloseHandle(first));
+  EXPECT_FALSE(CloseHandle(first));
+  EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+  EXPECT_FALSE(ReleaseMutex(reinterpret_cast<HANDLE>(0x1234)));
+  // Closing the first handle ends the mutex.
+  HANDLE fresh = CreateMutexW(nullptr, FALSE, kMutexName);
+  EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+  CloseHandle(fresh);
+}
+
+TEST_F(IpcTest, FilesAreOnlyTheUsersAndPerRoot) {
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  struct stat st;
+  ASSERT_EQ(stat(listener.socket_path().c_str(), &st), 0);
+  EXPECT_TRUE(S_ISSOCK(st.st_mode));
+  EXPECT_EQ(st.st_mode & 0777, 0600u);
+  ASSERT_EQ(stat(RuntimeDirectory().c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0700u);
+  EXPECT_EQ(RuntimeDirectory(), runtime_ + "/velmo-todo");
+
+  // Another root has other files; the same root reached through a symbolic link
+  // has the same ones.
+  const std::string here = WindowSocketPath(kClass);
+  std::filesystem::create_symlink(root(), root().string() + "-link");
+  device::SetRoot(root().string() + "-link");
+  EXPECT_EQ(WindowSocketPath(kClass), here);
+  device::SetRoot(root() / "other");
+  EXPECT_NE(WindowSocketPath(kClass), here);
+  EXPECT_NE(MutexLockPath(kMutexName), here);
+  device::SetRoot(root());
+  std::filesystem::remove(root().string() + "-link");
+}
+
+TEST_F(IpcTest, RuntimeFolderOpenToOthersIsClosedOrRefused) {
+  mkdir((runtime_ + "/velmo-todo").c_str(), 0777);
+  chmod((runtime_ + "/velmo-todo").c_str(), 0777);
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  struct stat st;
+  ASSERT_EQ(stat(RuntimeDirectory().c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0700u);
+  listener.Close();
+  if (geteuid() != 0) GTEST_SKIP() << "needs root to hand the folder to another user";
+  ASSERT_EQ(chown(RuntimeDirectory().c_str(), 65534, 65534), 0);
+  EXPECT_FALSE(listener.Open(kClass));
+  EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+  EXPECT_EQ(CreateMutexW(nullptr, FALSE, kMutexName), nullptr);
+  EXPECT_NE(log_.find("not a folder of this user"), std::string::npos) << log_;
+}
+
+TEST_F(IpcTest, FindWindowAnswersOnlyWhileAnInstanceListens) {
+  EXPECT_EQ(FindWindowW(kClass, nullptr), nullptr);
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  HWND window = FindWindowW(kClass, nullptr);
+  ASSERT_NE(window, nullptr);
+  EXPECT_TRUE(IsRemoteWindow(window));
+  EXPECT_TRUE(SetForegroundWindow(reinterpret_cast<HWND>(reinterpret_cast<std::uintptr_t>(window) | 1)));
+  EXPECT_EQ(FindWindowW(L"tray", L"tray"), nullptr);
+  EXPECT_EQ(FindWindowW(L"tray", nullptr), nullptr);
+  EXPECT_EQ(FindWindowW(kClass, L"some title"), nullptr);
+  EXPECT_FALSE(IsRemoteWindow(nullptr));
+  EXPECT_FALSE(SetForegroundWindow(nullptr));
+  // A second listener for the same class and root is refused.
+  Listener second;
+  EXPECT_FALSE(second.Open(kClass));
+  EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+  // The look-up itself is no message and leaves nothing in the log.
+  std::atomic<bool> done{false};
+  std::thread stop([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    done = true;
+  });
+  Pump(listener, {}, done);
+  stop.join();
+  EXPECT_EQ(log_, "");
+  listener.Close();
+  EXPECT_EQ(FindWindowW(kClass, nullptr), nullptr);
+}
+
+TEST_F(IpcTest, StaleSocketOfADeadInstanceIsReplaced) {
+  const pid_t child = fork();
+  if (child == 0) {
+    Listener dying;
+    _exit(dying.Open(kClass) ? 0 : 1);  // ends without Close: the file stays
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_TRUE(std::filesystem::exists(WindowSocketPath(kClass)));
+  EXPECT_EQ(FindWindowW(kClass, nullptr), nullptr);
+  Listener listener;
+  EXPECT_TRUE(listener.Open(kClass));
+  EXPECT_NE(FindWindowW(kClass, nullptr), nullptr);
+}
+
+TEST_F(IpcTest, CopyDataIsDeliveredSynchronously) {
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  std::vector<BYTE> received;
+  ULONG_PTR received_code = 99;
+  int dismissals = 0;
+  Handlers handlers;
+  handlers.copy_data = [&](ULONG_PTR code, DWORD size, const BYTE* bytes) -> LRESULT {
+    received_code = code;
+    received.assign(bytes, bytes + size);
+    return 1234;
+  };
+  handlers.dismiss_dialogs = [&] { ++dismissals; };
+
+  std::atomic<bool> done{false};
+  LRESULT result = 0;
+  BOOL dismissed = FALSE;
+  std::thread sender([&] {
+    HWND window = FindWindowW(kClass, nullptr);
+    char16_t payload[] = u"4000000000";
+    COPYDATASTRUCT record{5, 20, payload};
+    result = SendMessageW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record));
+    dismissed = DismissDialogs(window);
+    done = true;
+  });
+  Pump(listener, handlers, done);
+  sender.join();
+  EXPECT_EQ(result, 1234);
+  EXPECT_TRUE(dismissed);
+  EXPECT_EQ(dismissals, 1);
+  EXPECT_EQ(received_code, 5u);
+  ASSERT_EQ(received.size(), 20u);
+  EXPECT_EQ(std::memcmp(received.data(), u"4000000000", 20), 0);
+  EXPECT_EQ(log_, "");
+}
+
+TEST_F(IpcTest, SenderRefusesBadRecordsAndGivesUpOnAHungReceiver) {
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  HWND window = FindWindowW(kClass, nullptr);
+  ASSERT_NE(window, nullptr);
+  COPYDATASTRUCT oversize{0, kMaxPayload + 1, &listener};
+  COPYDATASTRUCT no_bytes{0, 4, nullptr};
+  struct Case {
+    HWND window;
+    UINT message;
+    const COPYDATASTRUCT* record;
+    DWORD error;
+  } cases[] = {
+      {nullptr, WM_COPYDATA, &no_bytes, ERROR_INVALID_PARAMETER},
+      {window, WM_COMMAND, &oversize, ERROR_INVALID_PARAMETER},
+      {window, WM_COPYDATA, nullptr, ERROR_INVALID_PARAMETER},
+      {window, WM_COPYDATA, &oversize, ERROR_INVALID_PARAMETER},
+      {window, WM_COPYDATA, &no_bytes, ERROR_INVALID_PARAMETER},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(SendMessageW(c.window, c.message, 0, reinterpret_cast<LPARAM>(c.record), 200), 0);
+    EXPECT_EQ(GetLastError(), c.error);
+  }
+  COPYDATASTRUCT empty{3, 0, nullptr};
+  EXPECT_EQ(SendMessageW(nullptr, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&empty), 200), 0);
+  EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
+
+  // Nobody receives: the sender waits its timeout and no longer.
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(SendMessageW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&empty), 300), 0);
+  EXPECT_EQ(GetLastError(), ERROR_TIMEOUT);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+}
+
+TEST_F(IpcTest, MalformedMessagesAreRefusedAndTheReceiverGoesOn) {
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  int calls = 0;
+  Handlers handlers;
+  handlers.copy_data = [&](ULONG_PTR, DWORD, const BYTE*) -> LRESULT { return ++calls; };
+  handlers.dismiss_dialogs = [&] { ++calls; };
+
+  auto frame = [](wire::Header h, size_t payload) {
+    const wire::HeaderBytes raw = wire::Encode(h);
+    std::vector<BYTE> bytes(raw.begin(), raw.end());
+    bytes.resize(bytes.size() + payload, 'x');
+    return bytes;
+  };
+  wire::Header bad_magic;
+  bad_magic.magic = 0x12345678;
+  wire::Header bad_version;
+  bad_version.version = 9;
+  wire::Header unknown_kind;
+  unknown_kind.kind = static_cast<wire::Kind>(7);
+  wire::Header reply;
+  reply.kind = wire::Kind::kReply;
+  wire::Header too_large;
+  too_large.size = kMaxPayload + 1;
+  wire::Header short_payload;
+  short_payload.size = 20;
+  wire::Header dismiss_with_payload;
+  dismiss_with_payload.kind = wire::Kind::kDismissDialogs;
+  dismiss_with_payload.size = 4;
+  struct Case {
+    std::vector<BYTE> bytes;
+    const char* logged;
+  } cases[] = {
+      {frame(bad_magic, 0), "bad magic"},
+      {frame(bad_version, 0), "unsupported version 9"},
+      {frame(unknown_kind, 0), "unknown kind 7"},
+      {frame(reply, 0), "a reply is no request"},
+      {frame(too_large, 0), "exceeds"},
+      {frame(short_payload, 10), "payload shorter"},
+      {frame(dismiss_with_payload, 4), "unexpected payload"},
+      {{1, 2, 3}, "incomplete header"},
+  };
+  for (const Case& c : cases) {
+    log_.clear();
+    SendRaw(listener, c.bytes);
+    EXPECT_FALSE(listener.ReceiveOne(handlers, 300));
+    EXPECT_NE(log_.find(c.logged), std::string::npos) << "expected '" << c.logged << "' in: " << log_;
+  }
+  EXPECT_EQ(calls, 0);
+
+  // A sender that connects and says nothing cannot hold the receiver.
+  const int silent = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::strcpy(address.sun_path, listener.socket_path().c_str());
+  ASSERT_EQ(connect(silent, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(listener.ReceiveOne(handlers, 200));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+  close(silent);
+
+  // A well-formed message still arrives.
+  SendRaw(listener, frame(wire::Header{}, 0));
+  EXPECT_TRUE(listener.ReceiveOne(handlers, 300));
+  EXPECT_EQ(calls, 1);
+}
+
+TEST_F(IpcTest, AnotherUsersConnectionIsRefused) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs root to connect as another user";
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  // Open the way for the other user, so that only the peer check stands.
+  for (const std::string& dir : {root().string(), runtime_, RuntimeDirectory()})
+    chmod(dir.c_str(), 0711);
+  chmod(listener.socket_path().c_str(), 0666);
+  const pid_t child = fork();
+  if (child == 0) {
+    if (setgid(65534) != 0 || setuid(65534) != 0) _exit(2);
+    const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::strcpy(address.sun_path, listener.socket_path().c_str());
+    if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) _exit(3);
+    const wire::HeaderBytes raw = wire::Encode(wire::Header{});
+    (void)!send(fd, raw.data(), raw.size(), MSG_NOSIGNAL);
+    char answer[16];
+    _exit(recv(fd, answer, sizeof answer, 0) > 0 ? 4 : 0);  // no answer expected
+  }
+  int calls = 0;
+  Handlers handlers;
+  handlers.copy_data = [&](ULONG_PTR, DWORD, const BYTE*) -> LRESULT { return ++calls; };
+  pollfd p{listener.fd(), POLLIN, 0};
+  ASSERT_GT(poll(&p, 1, 5000), 0);
+  EXPECT_FALSE(listener.ReceiveOne(handlers));
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(calls, 0);
+  EXPECT_NE(log_.find("refused a hand-over from user 65534"), std::string::npos) << log_;
+}
+
+}  // namespace
+}  // namespace velmo::ipc
