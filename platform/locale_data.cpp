@@ -27,9 +27,11 @@ std::wstring Wide(const icu::UnicodeString& s) {
 std::wstring Flag(bool on) { return on ? L"1" : L"0"; }
 
 // The pattern of one of ICU's date or time styles, or empty when ICU has none.
-std::wstring StylePattern(const icu::Locale& locale, bool date, icu::DateFormat::EStyle style) {
-  std::unique_ptr<icu::DateFormat> format(date ? icu::DateFormat::createDateInstance(style, locale)
-                                               : icu::DateFormat::createTimeInstance(style, locale));
+enum class Side { kDate, kTime };
+std::wstring StylePattern(const icu::Locale& locale, Side side, icu::DateFormat::EStyle style) {
+  std::unique_ptr<icu::DateFormat> format(
+      side == Side::kDate ? icu::DateFormat::createDateInstance(style, locale)
+                          : icu::DateFormat::createTimeInstance(style, locale));
   auto* simple = dynamic_cast<icu::SimpleDateFormat*>(format.get());
   if (!simple) return std::wstring();
   icu::UnicodeString pattern;
@@ -68,20 +70,21 @@ void ReadNames(const icu::DateFormatSymbols& symbols, LocaleNames* names) {
 
 void FillInfo(const icu::Locale& locale, LocaleData* data) {
   auto& info = data->info;
-  const std::wstring short_date = StylePattern(locale, true, icu::DateFormat::kShort);
-  const std::wstring short_time = StylePattern(locale, false, icu::DateFormat::kShort);
+  const std::wstring short_date = StylePattern(locale, Side::kDate, icu::DateFormat::kShort);
+  const std::wstring short_time = StylePattern(locale, Side::kTime, icu::DateFormat::kShort);
   const DatePatternFacts date = AnalyseDatePattern(short_date);
   const TimePatternFacts time = AnalyseTimePattern(short_time);
 
   info[LOCALE_SSHORTDATE] = IcuPatternToPicture(short_date);
-  info[LOCALE_SLONGDATE] = IcuPatternToPicture(StylePattern(locale, true, icu::DateFormat::kFull));
+  info[LOCALE_SLONGDATE] =
+      IcuPatternToPicture(StylePattern(locale, Side::kDate, icu::DateFormat::kFull));
   info[LOCALE_SYEARMONTH] = IcuPatternToPicture(SkeletonPattern(locale, u"yMMMM"));
   info[LOCALE_STIMEFORMAT] =
-      IcuPatternToPicture(StylePattern(locale, false, icu::DateFormat::kMedium));
+      IcuPatternToPicture(StylePattern(locale, Side::kTime, icu::DateFormat::kMedium));
   info[LOCALE_SDATE] = date.separator;
   info[LOCALE_IDATE] = std::to_wstring(date.order);
   info[LOCALE_ILDATE] = std::to_wstring(
-      AnalyseDatePattern(StylePattern(locale, true, icu::DateFormat::kLong)).order);
+      AnalyseDatePattern(StylePattern(locale, Side::kDate, icu::DateFormat::kLong)).order);
   info[LOCALE_ICENTURY] = Flag(date.four_digit_year);
   info[LOCALE_IDAYLZERO] = Flag(date.day_leading_zero);
   info[LOCALE_IMONLZERO] = Flag(date.month_leading_zero);

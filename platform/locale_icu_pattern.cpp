@@ -1,7 +1,6 @@
 #include "platform/locale_icu_pattern.h"
 
 #include <algorithm>
-#include <cwctype>
 
 namespace velmo::locale {
 namespace {
@@ -121,19 +120,22 @@ std::vector<PatternToken> ParseIcuPattern(std::wstring_view pattern) {
 
 std::wstring IcuPatternToPicture(std::wstring_view pattern) {
   std::vector<PatternToken> tokens = ParseIcuPattern(pattern);
-  // Drop the fields without a picture form, and one blank beside each.
+  // Drop the fields without a picture form with the literal text that joins
+  // them to the rest ("h:mm:ss a zzzz" -> "h:mm:ss a", "HH:mm:ss.SSS" -> "HH:mm:ss").
   for (size_t i = 0; i < tokens.size();) {
     if (tokens[i].letter == 0 || PictureFor(tokens[i])) {
       ++i;
       continue;
     }
-    if (i > 0 && !tokens[i - 1].text.empty() && std::iswspace(tokens[i - 1].text.back())) {
-      tokens[i - 1].text.pop_back();
-    } else if (i + 1 < tokens.size() && !tokens[i + 1].text.empty() &&
-               std::iswspace(tokens[i + 1].text.front())) {
-      tokens[i + 1].text.erase(0, 1);
+    size_t first = i, last = i + 1;
+    if (i >= 2 && tokens[i - 1].letter == 0) {
+      first = i - 1;
+    } else if (i == 0 || (i == 1 && tokens[0].letter == 0)) {
+      if (last < tokens.size() && tokens[last].letter == 0) ++last;
     }
-    tokens.erase(tokens.begin() + static_cast<std::ptrdiff_t>(i));
+    tokens.erase(tokens.begin() + static_cast<std::ptrdiff_t>(first),
+                 tokens.begin() + static_cast<std::ptrdiff_t>(last));
+    i = first;
   }
   std::wstring picture;
   for (size_t i = 0; i < tokens.size(); ++i) {

@@ -23,8 +23,9 @@ std::vector<PatternToken> ParseIcuPattern(std::wstring_view pattern);
 
 // The platform picture for an ICU pattern: y -> yyyy (yy stays), M/L -> M..MMMM,
 // E/c/e -> ddd/dddd, a/b/B -> tt, K -> h, k -> H; fields the pictures cannot
-// show (time zones, quarters, fractions of seconds) are dropped with the blank
-// beside them. Literal text holding ASCII letters or quotes is quoted.
+// show (time zones, quarters, fractions of seconds) are dropped with the
+// literal text that joins them to the rest. Literal text holding ASCII
+// letters or quotes is quoted.
 std::wstring IcuPatternToPicture(std::wstring_view pattern);
 
 // What a short date pattern says about the locale.
