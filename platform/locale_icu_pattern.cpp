@@ -48,18 +48,38 @@ bool IsMonth(wchar_t c) { return c == L'M' || c == L'L'; }
 bool IsHour(wchar_t c) { return c == L'h' || c == L'H' || c == L'K' || c == L'k'; }
 bool IsMarker(wchar_t c) { return c == L'a' || c == L'b' || c == L'B'; }
 
+// CLDR writes no-break spaces (U+00A0, U+202F) where the platform's pictures
+// have blanks; on a terminal, which never wraps a date, a blank is what users
+// expect to see and to type.
+wchar_t PlainSpace(wchar_t c) { return c == L'\u00A0' || c == L'\u202F' ? L' ' : c; }
+
 void AppendLiteral(std::vector<PatternToken>& tokens, wchar_t c) {
   if (tokens.empty() || tokens.back().letter != 0) tokens.push_back({});
-  tokens.back().text += c;
+  tokens.back().text += PlainSpace(c);
 }
 
-std::wstring QuoteIfNeeded(const std::wstring& text) {
-  const bool needs_quotes = std::any_of(text.begin(), text.end(),
-                                        [](wchar_t c) { return IsAsciiLetter(c) || c == L'\''; });
-  if (!needs_quotes) return text;
-  std::wstring out = L"'";
-  for (wchar_t c : text) out += c == L'\'' ? std::wstring(L"''") : std::wstring(1, c);
-  return out + L"'";
+bool NeedsQuotes(wchar_t c) { return IsAsciiLetter(c) || c == L'\''; }
+
+// Literal text as a picture shows it: runs of ASCII letters (which a picture
+// would read as elements) are quoted; a quote is written ''.
+std::wstring QuoteLiteral(const std::wstring& text) {
+  std::wstring out;
+  for (size_t i = 0; i < text.size();) {
+    if (!NeedsQuotes(text[i])) {
+      out += text[i++];
+      continue;
+    }
+    size_t end = i;
+    while (end < text.size() && NeedsQuotes(text[end])) ++end;
+    std::wstring run;
+    bool letters = false;
+    for (; i < end; ++i) {
+      run += text[i] == L'\'' ? L"''" : std::wstring(1, text[i]);
+      letters |= IsAsciiLetter(text[i]);
+    }
+    out += letters ? L"'" + run + L"'" : run;
+  }
+  return out;
 }
 
 // The literal text between the first field matching `first` and the next field.
@@ -146,7 +166,7 @@ std::wstring IcuPatternToPicture(std::wstring_view pattern) {
     // Neighbouring literals (left when a field between them was dropped) are one.
     std::wstring text = tokens[i].text;
     while (i + 1 < tokens.size() && tokens[i + 1].letter == 0) text += tokens[++i].text;
-    picture += QuoteIfNeeded(text);
+    picture += QuoteLiteral(text);
   }
   return picture;
 }

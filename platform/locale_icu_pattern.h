@@ -19,6 +19,7 @@ struct PatternToken {
 
 // Splits an ICU pattern ('...' quotes literal text, '' is a quote; every ASCII
 // letter outside quotes is a field). An unterminated quote runs to the end.
+// No-break spaces in literal text become plain blanks.
 std::vector<PatternToken> ParseIcuPattern(std::wstring_view pattern);
 
 // The platform picture for an ICU pattern: y -> yyyy (yy stays), M/L -> M..MMMM,
