@@ -1,0 +1,10 @@
+#include "settings/settings.h"
+
+namespace velmo {
+
+Settings& CurrentSettings() {
+  static Settings settings;
+  return settings;
+}
+
+}  // namespace velmo
