@@ -1,0 +1,22 @@
+// Character classes the link scanners test: the ASCII sets of their read
+// patterns, and the letter, digit, punctuation and blank tests, which answer the
+// same whatever locale the process runs in (Unicode properties from ICU).
+#pragma once
+
+namespace velmo::links {
+
+// 0-9 only, like the scanners' "%d" and digit ranges.
+constexpr bool IsAsciiDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+constexpr bool IsAsciiLetter(wchar_t c) {
+  return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z');
+}
+
+// Any letter or decimal digit of any script.
+bool IsLetterOrDigit(wchar_t c);
+// ASCII punctuation and symbols, and Unicode punctuation and symbols.
+bool IsPunctuation(wchar_t c);
+// The blanks that end a "%s" read: ASCII white space and Unicode spaces other
+// than the no-break ones.
+bool IsScanBlank(wchar_t c);
+
+}  // namespace velmo::links
