@@ -4,6 +4,7 @@ set -euo pipefail
 packages=(
   build-essential cmake pkg-config
   libsqlite3-dev libncurses-dev libicu-dev libical-dev libsystemd-dev
+  libgdk-pixbuf-2.0-dev
   googletest libgtest-dev libbenchmark-dev
   tmux dbus dbus-user-session clang libclang-rt-14-dev
   sqlite3 hyperfine taskwarrior xdg-utils

@@ -1,0 +1,23 @@
+// The category filter: which tasks it shows, and the use marks of the catalogue
+// that decide which categories the Filter menu offers.
+#pragma once
+
+#include "categories/category_list.h"
+#include "store/task.h"
+
+namespace velmo {
+
+// Whether a task with that categories value passes `filter`: an empty filter
+// shows everything; a task without a categories value (nullptr) is hidden; else
+// the task is shown when any of its categories is in the filter. An empty
+// categories string is No Category.
+bool CategoriesPassFilter(const CategoryList& filter, const wchar_t* categories);
+
+// The same for a task of the table, under the program's Filter list.
+bool TaskPassesFilter(const Task& task);
+
+// Recomputes InLoadedTasks (from the loaded tasks) and InFilter (from the Filter
+// list) on the catalogue. Entries are never removed.
+void MarkCategoryUse(const TaskTable& tasks);
+
+}  // namespace velmo
