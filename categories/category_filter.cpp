@@ -7,19 +7,20 @@
 
 namespace velmo {
 
-bool CategoriesPassFilter(const CategoryList& filter, const wchar_t* categories) {
+bool CategoriesPassFilter(const CategoryList& filter,
+                          std::optional<std::wstring_view> categories) {
   if (filter.empty()) return true;
-  if (categories == nullptr) return false;
+  if (!categories) return false;
   // One scratch list serves every call: the rebuild asks for every loaded task.
   static const auto scratch = std::make_unique<CategoryList>();
   FreeCategoryList(*scratch);
-  ParseCategories(*scratch, categories, InLoadedTasks, false);
+  ParseCategories(*scratch, *categories, InLoadedTasks, false);
   return std::any_of(scratch->entries.begin(), scratch->entries.end(),
                      [&](const CategoryEntry& e) { return FindCategory(filter, e.name) >= 0; });
 }
 
 bool TaskPassesFilter(const Task& task) {
-  return CategoriesPassFilter(CategoryFilterList(), task.categories.c_str());
+  return CategoriesPassFilter(CategoryFilterList(), task.categories);
 }
 
 void MarkCategoryUse(const TaskTable& tasks) {

@@ -2,6 +2,9 @@
 // that decide which categories the Filter menu offers.
 #pragma once
 
+#include <optional>
+#include <string_view>
+
 #include "categories/category_list.h"
 #include "store/task.h"
 
@@ -11,7 +14,8 @@ namespace velmo {
 // shows everything; a task without a categories value (nullptr) is hidden; else
 // the task is shown when any of its categories is in the filter. An empty
 // categories string is No Category.
-bool CategoriesPassFilter(const CategoryList& filter, const wchar_t* categories);
+bool CategoriesPassFilter(const CategoryList& filter,
+                          std::optional<std::wstring_view> categories);
 
 // The same for a task of the table, under the program's Filter list.
 bool TaskPassesFilter(const Task& task);

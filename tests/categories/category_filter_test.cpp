@@ -47,7 +47,8 @@ TEST(CategoryFilter, UnionOfItsCategoriesCaseInsensitive) {
   for (const Case& c : cases) {
     CategoryList filter;
     ParseCategories(filter, c.filter, InFilter, true);
-    EXPECT_EQ(CategoriesPassFilter(filter, c.task), c.shown)
+    const auto value = c.task ? std::optional<std::wstring_view>(c.task) : std::nullopt;
+    EXPECT_EQ(CategoriesPassFilter(filter, value), c.shown)
         << "filter '" << c.filter << "' task '" << (c.task ? c.task : L"(none)") << "'";
   }
 }
