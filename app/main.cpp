@@ -1,7 +1,10 @@
 // velmo-todo: the program's entry point.
 #include <cstdio>
 
-int main() {
-  std::puts("Velmo ToDo List");
-  return 0;
+#include "app/command_line.h"
+#include "app/startup.h"
+
+int main(int argc, char** argv) {
+  std::setvbuf(stdout, nullptr, _IOLBF, 0);
+  return velmo::app::RunProgram(velmo::app::JoinArguments(argc, argv));
 }

@@ -1,0 +1,95 @@
+#include "app/startup.h"
+
+#include <cstdio>
+
+#include "app/command_line.h"
+#include "app/plain_instance.h"
+#include "app/resource_check.h"
+#include "app/second_instance.h"
+#include "platform/cedb.h"
+#include "platform/device.h"
+#include "platform/ipc.h"
+#include "platform/lasterror.h"
+#include "platform/wstr.h"
+#include "settings/settings.h"
+#include "store/after_sync.h"
+
+namespace velmo::app {
+namespace {
+
+// The settings of a normal start: loaded, completed and, when anything was
+// missing or the texts were just filled, saved back at once so that the registry
+// holds every value.
+void InitialiseSettings() {
+  Settings& settings = CurrentSettings();
+  const int incomplete = LoadSettings(settings);
+  const int filled = FillEmptyTexts(settings);
+  if (incomplete || filled) SaveSettings(settings, true);
+}
+
+// The volume and databases of a working device, made on an empty root.
+bool PrepareDevice() {
+  if (!device::EnsureRoot()) {
+    std::fprintf(stderr, "velmo-todo: cannot use the device folder %s\n",
+                 device::Root().c_str());
+    return false;
+  }
+  if (!cedb::EnsureDeviceVolume()) {
+    std::fprintf(stderr, "velmo-todo: %s\n", cedb::LastFailure().c_str());
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+void ShowStartupError(std::wstring_view text) {
+  // A message box with the error icon, once the terminal has windows; until then
+  // standard error, with the lines of the text as lines.
+  std::string line;
+  for (const char c : ToUtf8(text))
+    if (c != '\r') line += c;
+  std::fprintf(stderr, "%s: %s\n", ToUtf8(kMainWindowClass).c_str(), line.c_str());
+}
+
+int RunProgram(std::wstring_view command_line) {
+  // COM initialisation has nothing to do here: the object model is in-process.
+  StartRequest& start = TheStartRequest();
+  start = ParseCommandLine(command_line);
+
+  HANDLE mutex = CreateMutexW(nullptr, FALSE, kInstanceMutexName);
+  if (!mutex) return 0;
+  if (GetLastError() == ERROR_ALREADY_EXISTS) {
+    HandOverToRunningInstance(start);
+    CloseHandle(mutex);
+    return 0;
+  }
+
+  if (start.request == kAfterSyncRequest) {
+    // No window and no message: every failure ends the pass silently.
+    if (device::EnsureRoot() && cedb::EnsureDeviceVolume()) RunAfterSyncPass();
+    CloseHandle(mutex);
+    return 0;
+  }
+
+  const std::wstring program_file = ProgramFilePath();
+  if (!LoadLanguageResources(program_file))
+    std::fprintf(stderr, "velmo-todo: cannot read the language file %s\n",
+                 std::getenv("VELMO_LANGUAGE_FILE"));
+  if (const std::wstring message = CheckStringResources(program_file); !message.empty()) {
+    ShowStartupError(message);
+    return 0;  // the mutex goes with the process
+  }
+
+  if (!PrepareDevice()) return 1;
+  // Screen metrics, image lists, the platform type and the tray icon belong to
+  // the terminal's window layer; here only the settings are shared state.
+  InitialiseSettings();
+
+  const int quit_code = RunPlainInstance(start);
+  ReleaseMutex(mutex);
+  CloseHandle(mutex);
+  return quit_code;
+}
+
+}  // namespace velmo::app
