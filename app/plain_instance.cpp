@@ -74,6 +74,7 @@ std::string DescribeHandover(const HandoverRequest& request) {
 }
 
 int RunPlainInstance(const StartRequest& start) {
+  const int signals = SignalDescriptor();
   std::vector<std::wstring> subjects;
   if (!ReadTaskSubjects(CurrentSettings(), &subjects))
     PrintLine("tasks database: " + cedb::LastFailure());
@@ -84,7 +85,10 @@ int RunPlainInstance(const StartRequest& start) {
 
   // The window exists from here on: a second instance now finds it.
   ipc::Listener listener;
-  if (!listener.Open(kMainWindowClass)) return 0;
+  if (!listener.Open(kMainWindowClass)) {
+    if (signals >= 0) close(signals);
+    return 0;
+  }
   ipc::Handlers handlers;
   handlers.copy_data = [](ULONG_PTR code, DWORD size, const BYTE* bytes) -> LRESULT {
     PrintLine(DescribeHandover(DecodeHandover(code, size, bytes, bytes ? size : 0)));
@@ -92,7 +96,6 @@ int RunPlainInstance(const StartRequest& start) {
   };
   handlers.dismiss_dialogs = [] { PrintLine("hand-over: dismiss dialogs"); };
 
-  const int signals = SignalDescriptor();
   pollfd watched[] = {{listener.fd(), POLLIN, 0}, {signals, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}};
   for (;;) {
     if (poll(watched, 3, -1) < 0) continue;  // EINTR

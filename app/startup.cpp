@@ -27,17 +27,17 @@ void InitialiseSettings() {
   if (incomplete || filled) SaveSettings(settings, true);
 }
 
-// The volume and databases of a working device, made on an empty root.
+// The device folder, and the volume and databases of a working device made on an
+// empty root. Only a folder that cannot be used stops the start; a volume that
+// cannot be made or read is reported, and the run goes on without tasks.
 bool PrepareDevice() {
   if (!device::EnsureRoot()) {
     std::fprintf(stderr, "velmo-todo: cannot use the device folder %s\n",
                  device::Root().c_str());
     return false;
   }
-  if (!cedb::EnsureDeviceVolume()) {
+  if (!cedb::EnsureDeviceVolume())
     std::fprintf(stderr, "velmo-todo: %s\n", cedb::LastFailure().c_str());
-    return false;
-  }
   return true;
 }
 
