@@ -1,13 +1,84 @@
 // velmo reg: the settings in the text form of registry exports.
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <string>
 
+#include "cli/reg_text.h"
 #include "cli/subcommand.h"
+#include "platform/registry.h"
+#include "platform/wstr.h"
 
 namespace velmo::cli {
+namespace {
 
-int RunReg(int, char**) {
-  std::fputs("velmo reg: not built yet\n", stderr);
-  return 1;
+constexpr const char* kDefaultKey = "HKEY_CURRENT_USER\\Software\\Velmo ToDo";
+
+// The registry's own description of a failure, else a generic one.
+void ReportRegistryError(LONG error, const std::string& what) {
+  const std::string failure = registry::LastFailure();
+  if (!failure.empty())
+    std::fprintf(stderr, "velmo reg: %s\n", failure.c_str());
+  else
+    std::fprintf(stderr, "velmo reg: %s (error %d)\n", what.c_str(), static_cast<int>(error));
+}
+
+int Export(const char* key_path) {
+  std::vector<registry::RawKey> keys;
+  const LONG error = registry::ExportTree(FromUtf8(key_path), &keys);
+  if (error == static_cast<LONG>(ERROR_FILE_NOT_FOUND)) {
+    std::fprintf(stderr, "velmo reg: no key %s\n", key_path);
+    return 1;
+  }
+  if (error == static_cast<LONG>(ERROR_INVALID_PARAMETER)) {
+    std::fprintf(stderr, "velmo reg: %s: a key starts with HKEY_CURRENT_USER or HKEY_LOCAL_MACHINE\n",
+                 key_path);
+    return 2;
+  }
+  if (error != ERROR_SUCCESS) {
+    ReportRegistryError(error, "cannot read the registry");
+    return 1;
+  }
+  const std::string text = FormatRegText(keys);
+  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : 1;
+}
+
+int Import(const char* file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) {
+    std::fprintf(stderr, "velmo reg: cannot read %s: %s\n", file, std::strerror(errno));
+    return 1;
+  }
+  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  std::vector<registry::RawKey> keys;
+  std::vector<RegTextError> errors;
+  if (!ParseRegText(text, &keys, &errors)) {
+    for (const RegTextError& e : errors)
+      std::fprintf(stderr, "%s:%d: %s\n", file, e.line, e.message.c_str());
+    std::fprintf(stderr, "velmo reg: nothing imported\n");
+    return 1;
+  }
+  const LONG error = registry::ImportKeys(keys);
+  if (error != ERROR_SUCCESS) {
+    ReportRegistryError(error, "cannot write the registry");
+    std::fprintf(stderr, "velmo reg: nothing imported\n");
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int RunReg(int argc, char** argv) {
+  if (argc >= 1 && std::strcmp(argv[0], "export") == 0 && argc <= 2)
+    return Export(argc == 2 ? argv[1] : kDefaultKey);
+  if (argc == 2 && std::strcmp(argv[0], "import") == 0) return Import(argv[1]);
+  std::fputs("usage: velmo reg export [KEY] | velmo reg import FILE\n"
+             "  KEY defaults to HKEY_CURRENT_USER\\Software\\Velmo ToDo\n",
+             stderr);
+  return 2;
 }
 
 }  // namespace velmo::cli
