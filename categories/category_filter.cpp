@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "categories/category_names.h"
 #include "categories/category_state.h"
 
 namespace velmo {
@@ -11,7 +12,18 @@ bool CategoriesPassFilter(const CategoryList& filter,
                           std::optional<std::wstring_view> categories) {
   if (filter.empty()) return true;
   if (!categories) return false;
-  // One scratch list serves every call: the rebuild asks for every loaded task.
+  // Below the list's capacity every piece is kept, so each piece can be looked
+  // up in the filter as it is read, without building the task's list.
+  if (std::count(categories->begin(), categories->end(), L',') < kMaxCategories) {
+    size_t start = 0;
+    for (;;) {
+      const size_t comma = categories->find(L',', start);
+      if (FindCategory(filter, NormalizeCategoryName(categories->substr(start, comma - start))) >= 0)
+        return true;
+      if (comma == std::wstring_view::npos) return false;
+      start = comma + 1;
+    }
+  }
   static const auto scratch = std::make_unique<CategoryList>();
   FreeCategoryList(*scratch);
   ParseCategories(*scratch, *categories, InLoadedTasks, false);

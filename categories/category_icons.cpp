@@ -12,6 +12,7 @@
 #include "platform/device.h"
 #include "platform/wstr.h"
 #include "res/strings.h"
+#include "settings/settings.h"
 
 namespace velmo {
 namespace {
@@ -21,7 +22,6 @@ constexpr std::wstring_view kBitmapExtension = L".bmp";
 constexpr std::wstring_view kCharactersNotInFileNames = L"\\/:*?\"<>|";
 
 struct IconState {
-  std::wstring path_setting;
   std::unique_ptr<CategoryImageList> images;
   IconFolder folder;
   bool folder_has_bitmaps = false;
@@ -65,7 +65,7 @@ CategoryImageList& MakeImageList() {
   IconState& s = State();
   if (!s.images) {
     s.images = std::make_unique<CategoryImageList>(kSmallIconSize, kSmallIconSize);
-    s.folder = CategoryIconFolder(s.path_setting);
+    s.folder = CategoryIconFolder(CurrentSettings().path);
     s.folder_has_bitmaps = FolderHoldsBitmaps(s.folder.directory);
     s.no_category_loaded = false;
   }
@@ -95,10 +95,6 @@ std::wstring CategoryIconFileName(std::wstring_view name) {
   for (wchar_t& c : file)
     if (kCharactersNotInFileNames.find(c) != std::wstring_view::npos) c = L'_';
   return file;
-}
-
-void SetCategoryIconPath(std::wstring path_setting) {
-  State().path_setting = std::move(path_setting);
 }
 
 bool LoadCategoryIcon(CategoryEntry& entry, const IconReporter* owner, bool report) {

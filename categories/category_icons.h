@@ -30,11 +30,8 @@ IconFolder CategoryIconFolder(std::wstring_view path_setting);
 // cannot hold become "_"; No Category is "~NoCategory".
 std::wstring CategoryIconFileName(std::wstring_view name);
 
-// The "Path" setting the icon folder comes from; takes effect when the image
-// list is next made.
-void SetCategoryIconPath(std::wstring path_setting);
-
-// Loads the entry's icon into the image list (made on first use): its bitmap
+// Loads the entry's icon into the image list (made on first use, when the icon
+// folder is taken from the "Path" setting and searched once): its bitmap
 // file fitted into the icon size, else for a named category a letter icon.
 // Returns the report flag for the next call: "not found" and "should be added"
 // are shown only while it is true and turn it false; "Bad File" is shown every

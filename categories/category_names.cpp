@@ -9,8 +9,10 @@ namespace velmo {
 namespace {
 
 // Wide characters hold code points; anything outside Unicode is left as it is.
+// Most names are ASCII, which needs no table.
 UChar32 LowerCase(wchar_t c) {
   const auto cp = static_cast<UChar32>(c);
+  if (cp >= 0 && cp < 0x80) return cp >= 'A' && cp <= 'Z' ? cp + ('a' - 'A') : cp;
   return cp >= 0 && cp <= 0x10FFFF ? u_tolower(cp) : cp;
 }
 

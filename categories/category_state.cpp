@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "categories/category_icons.h"
+#include "settings/settings.h"
 
 namespace velmo {
 namespace {
@@ -35,6 +36,13 @@ void InitCategories(UINT start_request, std::wstring_view filter_categories,
   MarkNewTaskCategories(categories_for_new);
   SetCategoryFilter(start_request == kStartForToday ? std::wstring_view{} : filter_categories);
 }
+
+void InitCategories(UINT start_request) {
+  const Settings& s = CurrentSettings();
+  InitCategories(start_request, s.filter_categories, s.categories_for_new);
+}
+
+void MarkNewTaskCategories() { MarkNewTaskCategories(CurrentSettings().categories_for_new); }
 
 void MarkNewTaskCategories(std::wstring_view categories_for_new) {
   CategoryList& catalogue = CategoryCatalogue();

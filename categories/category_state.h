@@ -22,10 +22,13 @@ std::wstring& CurrentFilterText();
 // filter text its normalised form.
 void InitCategories(UINT start_request, std::wstring_view filter_categories,
                     std::wstring_view categories_for_new);
+// The same with "FilterCategories" and "CategoriesForNew" of the settings block.
+void InitCategories(UINT start_request);
 
 // Clears ForNewTasks on every catalogue entry, then marks (adding where needed)
 // the categories of the "CategoriesForNew" setting.
 void MarkNewTaskCategories(std::wstring_view categories_for_new);
+void MarkNewTaskCategories();  // from the settings block
 
 // Makes the Filter list exactly the categories of `text` (InFilter, empty text
 // meaning no filter) and the filter text its normalised form.

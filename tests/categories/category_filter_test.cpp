@@ -8,6 +8,7 @@
 #include "categories/category_state.h"
 #include "categories/filter_menu.h"
 #include "categories/gather_categories.h"
+#include "platform/beep.h"
 
 namespace velmo {
 namespace {
@@ -53,12 +54,18 @@ TEST(CategoryFilter, UnionOfItsCategoriesCaseInsensitive) {
   }
 }
 
-TEST(CategoryFilter, TaskPassesTheProgramsFilterList) {
-  InitCategories(0, L"<NoCat>", L"");
-  const TaskTable tasks = MakeTasks({L"", L"a", L"a,"});
-  EXPECT_TRUE(TaskPassesFilter(*tasks[0]));
-  EXPECT_FALSE(TaskPassesFilter(*tasks[1]));
-  EXPECT_TRUE(TaskPassesFilter(*tasks[2]));
+TEST(CategoryFilter, ATaskKeepsOnlyItsFirst384Categories) {
+  std::wstring many;
+  for (int i = 0; i < 400; ++i) many += L"c" + std::to_wstring(1000 + i) + L",";
+  many.pop_back();
+  CategoryList filter;
+  AddCategory(filter, L"c1383", InFilter, kAddCategoryMerge);
+  EXPECT_TRUE(CategoriesPassFilter(filter, many));
+  FreeCategoryList(filter);
+  AddCategory(filter, L"C1384", InFilter, kAddCategoryMerge);
+  const unsigned beeps = platform::BeepCount();
+  EXPECT_FALSE(CategoriesPassFilter(filter, many));  // the 385th name was dropped
+  EXPECT_EQ(platform::BeepCount(), beeps + 16);
 }
 
 TEST(CategoryFilter, MarkCategoryUseRecomputesLoadedAndFilterMarks) {

@@ -11,6 +11,7 @@
 #include "categories/category_state.h"
 #include "categories/dib_file.h"
 #include "categories/letter_icon.h"
+#include "settings/settings.h"
 #include "tests/support/temp_root.h"
 
 namespace velmo {
@@ -90,9 +91,9 @@ Bitmap Quarters(int w, int h) {
 
 class CategoryIcons : public testing::DeviceTest {
  protected:
-  void SetUp() override { SetCategoryIconPath(L"\\Program Files\\Velmo\\velmo.exe"); }
+  void SetUp() override { CurrentSettings().path = L"\\Program Files\\Velmo\\velmo.exe"; }
   void TearDown() override {
-    SetCategoryIconPath(L"");
+    CurrentSettings().path.clear();
     InitCategories(0, L"", L"");
   }
   fs::path Folder() const { return root() / "Program Files" / "Velmo"; }

@@ -7,6 +7,7 @@
 #include "categories/category_names.h"
 #include "categories/category_state.h"
 #include "platform/beep.h"
+#include "settings/settings.h"
 
 namespace velmo {
 namespace {
@@ -132,21 +133,25 @@ TEST(CategoryState, StartUpParsesTheDefaultFilterUnlessStartedForToday) {
   EXPECT_EQ(catalogue.entries[0].marks, Builtin);
   EXPECT_EQ(catalogue.entries[1].marks, ForNewTasks);
 
-  InitCategories(40054, L"work", L"");
+  CurrentSettings().filter_categories = L"work";
+  InitCategories(40054);
   EXPECT_EQ(CurrentFilterText(), L"");
   EXPECT_TRUE(CategoryFilterList().empty());
   EXPECT_EQ(CategoryCatalogue().count(), 1);
+  CurrentSettings() = Settings{};
 }
 
 TEST(CategoryState, MarkNewTaskCategoriesMovesTheMark) {
   InitCategories(0, L"", L"a,b");
-  MarkNewTaskCategories(L"B,c");
+  CurrentSettings().categories_for_new = L"B,c";
+  MarkNewTaskCategories();
   const CategoryList& catalogue = CategoryCatalogue();
   ASSERT_EQ(Names(catalogue), (std::vector<std::wstring>{L"", L"a", L"b", L"c"}));
   EXPECT_EQ(catalogue.entries[1].marks, 0);
   EXPECT_EQ(catalogue.entries[2].marks, ForNewTasks);
   EXPECT_EQ(catalogue.entries[3].marks, ForNewTasks);
-  MarkNewTaskCategories(L"");
+  CurrentSettings() = Settings{};
+  MarkNewTaskCategories();
   for (const CategoryEntry& e : catalogue.entries) EXPECT_FALSE(e.marks & ForNewTasks);
 }
 
