@@ -1,0 +1,308 @@
+#include "platform/cedb_volume.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <system_error>
+
+#include "platform/cedb.h"
+#include "platform/cedb_failure.h"
+
+namespace velmo::cedb {
+namespace {
+
+constexpr std::int64_t kFormatVersion = 1;
+constexpr std::int64_t kLastOid = 0xFFFFFFFF;
+// The journal keeps at least this many of its newest entries; pruned every
+// kJournalPruneEvery entries.
+constexpr std::int64_t kJournalKeep = 8192;
+constexpr std::int64_t kJournalPruneEvery = 512;
+// FILETIME ticks (100 ns since 1601) at the Unix epoch.
+constexpr std::int64_t kUnixEpochTicks = 116444736000000000;
+
+std::atomic<int> g_busy_timeout_ms{5000};
+
+// Indexed by Sql.
+constexpr const char* kSqlText[] = {
+    "BEGIN IMMEDIATE",
+    "COMMIT",
+    "ROLLBACK",
+    "SELECT value FROM volume WHERE key='next_oid'",
+    "UPDATE volume SET value=?1 WHERE key='next_oid'",
+    "SELECT oid FROM databases WHERE name=?1",
+    "SELECT oid FROM databases WHERE oid=?1",
+    "SELECT name, type, flags, sort, records, size, modified FROM databases WHERE oid=?1",
+    "SELECT oid FROM databases ORDER BY oid",
+    "INSERT INTO databases(oid, name, type, flags, sort, records, size, modified)"
+    " VALUES(?1, ?2, ?3, ?4, ?5, 0, 0, ?6)",
+    "DELETE FROM databases WHERE oid=?1",
+    "DELETE FROM records WHERE db=?1",
+    "UPDATE databases SET records=records+?2, size=size+?3, modified=max(?4, modified+1)"
+    " WHERE oid=?1",
+    "SELECT db, length(props) FROM records WHERE oid=?1",
+    "SELECT db, props FROM records WHERE oid=?1",
+    "INSERT INTO records(oid, db, props) VALUES(?1, ?2, ?3)",
+    "UPDATE records SET props=?2 WHERE oid=?1",
+    "DELETE FROM records WHERE oid=?1",
+    "SELECT oid, length(props), props FROM records WHERE db=?1 AND oid>=?2 ORDER BY oid",
+    "SELECT oid FROM records WHERE db=?1 AND oid>=?2 ORDER BY oid LIMIT 1 OFFSET ?3",
+    "SELECT oid FROM records WHERE db=?1 AND oid<?2 ORDER BY oid DESC LIMIT 1 OFFSET ?3",
+    "SELECT count(*) FROM records WHERE db=?1 AND oid<?2",
+    "INSERT INTO changes(db, oid, parent, kind) VALUES(?1, ?2, ?3, ?4)",
+    "DELETE FROM changes WHERE seq<=?1",
+    "SELECT seq, db, oid, parent, kind FROM changes WHERE seq>?1 ORDER BY seq",
+    "SELECT ifnull(min(seq), 0), ifnull(max(seq), 0) FROM changes",
+    "PRAGMA data_version",
+};
+static_assert(std::size(kSqlText) == static_cast<size_t>(Sql::kCount));
+
+constexpr const char* kSchema =
+    "CREATE TABLE IF NOT EXISTS volume(key TEXT PRIMARY KEY, value INTEGER NOT NULL)"
+    " WITHOUT ROWID;"
+    "CREATE TABLE IF NOT EXISTS databases(oid INTEGER PRIMARY KEY,"
+    " name TEXT NOT NULL UNIQUE COLLATE NOCASE, type INTEGER NOT NULL,"
+    " flags INTEGER NOT NULL, sort BLOB, records INTEGER NOT NULL,"
+    " size INTEGER NOT NULL, modified INTEGER NOT NULL);"
+    "CREATE TABLE IF NOT EXISTS records(oid INTEGER PRIMARY KEY, db INTEGER NOT NULL,"
+    " props BLOB NOT NULL);"
+    "CREATE INDEX IF NOT EXISTS records_by_db ON records(db);"
+    "CREATE TABLE IF NOT EXISTS changes(seq INTEGER PRIMARY KEY, db INTEGER NOT NULL,"
+    " oid INTEGER NOT NULL, parent INTEGER NOT NULL, kind INTEGER NOT NULL);"
+    "INSERT OR IGNORE INTO volume VALUES('format', 1), ('next_oid', 1);";
+
+bool DispositionAllows(DWORD disposition, bool exists, const std::string& file) {
+  switch (disposition) {
+    case CREATE_NEW:
+      if (!exists) return true;
+      SetFailure(ERROR_ALREADY_EXISTS, "The database volume " + file + " already exists.");
+      return false;
+    case OPEN_EXISTING:
+      if (exists) return true;
+      SetFailure(ERROR_FILE_NOT_FOUND, "The database volume " + file + " does not exist.");
+      return false;
+    case CREATE_ALWAYS:
+    case OPEN_ALWAYS:
+      return true;
+    default:
+      SetFailure(ERROR_INVALID_PARAMETER, "Unknown way of mounting a database volume.");
+      return false;
+  }
+}
+
+}  // namespace
+
+std::int64_t NowTicks() {
+  auto since_epoch = std::chrono::system_clock::now().time_since_epoch();
+  return kUnixEpochTicks + std::chrono::duration_cast<std::chrono::nanoseconds>(since_epoch).count() / 100;
+}
+
+int BusyTimeoutMs() { return g_busy_timeout_ms; }
+
+void SetBusyTimeout(int milliseconds) { g_busy_timeout_ms = milliseconds; }
+
+// ---------------------------------------------------------------------------
+// Query
+
+Query::~Query() {
+  if (stmt_) sqlite3_reset(stmt_);
+}
+
+Query& Query::Bind(int index, std::int64_t value) {
+  if (stmt_) sqlite3_bind_int64(stmt_, index, value);
+  return *this;
+}
+
+Query& Query::Bind(int index, std::string_view text) {
+  if (stmt_) sqlite3_bind_text(stmt_, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+  return *this;
+}
+
+Query& Query::BindBlob(int index, const void* data, size_t size) {
+  // A zero-length blob still binds as a blob (never NULL): "" is a valid pointer.
+  if (stmt_)
+    sqlite3_bind_blob64(stmt_, index, size ? data : "", size, SQLITE_STATIC);
+  return *this;
+}
+
+bool Query::Step() {
+  if (!stmt_ || failed_) return false;
+  int rc = sqlite3_step(stmt_);
+  if (rc == SQLITE_ROW) return true;
+  if (rc != SQLITE_DONE) {
+    failed_ = true;
+    volume_->Fail(rc);
+  }
+  return false;
+}
+
+bool Query::Run() {
+  while (Step()) {
+  }
+  return ok() && !failed_;
+}
+
+const BYTE* Query::Blob(int column) const {
+  return static_cast<const BYTE*>(sqlite3_column_blob(stmt_, column));
+}
+
+std::string Query::Text(int column) const {
+  const unsigned char* text = sqlite3_column_text(stmt_, column);
+  return text ? std::string(reinterpret_cast<const char*>(text), Bytes(column)) : std::string();
+}
+
+// ---------------------------------------------------------------------------
+// Volume
+
+std::unique_ptr<Volume> Volume::Open(const std::filesystem::path& path, DWORD disposition) {
+  std::error_code ec;
+  bool exists = std::filesystem::exists(path, ec);
+  std::unique_ptr<Volume> volume(new Volume(path.string()));
+  if (!DispositionAllows(disposition, exists, volume->file_)) return nullptr;
+  if (!exists) {
+    std::filesystem::create_directories(path.parent_path(), ec);
+    if (ec) {
+      SetFailure(ERROR_ACCESS_DENIED, "The folder of the database volume " + volume->file_ +
+                                          " cannot be made (" + ec.message() + ").");
+      return nullptr;
+    }
+  }
+  if (!volume->Connect(!exists) || !volume->CheckOrInitialize()) return nullptr;
+  if (disposition == CREATE_ALWAYS && exists && !volume->RemoveAllDatabases()) return nullptr;
+  return volume;
+}
+
+Volume::~Volume() {
+  for (sqlite3_stmt* stmt : statements_) sqlite3_finalize(stmt);
+  sqlite3_close(db_);
+}
+
+bool Volume::Connect(bool may_create) {
+  int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (may_create ? SQLITE_OPEN_CREATE : 0);
+  int rc = sqlite3_open_v2(file_.c_str(), &db_, flags, nullptr);
+  if (rc != SQLITE_OK) return Fail(rc);
+  sqlite3_extended_result_codes(db_, 1);
+  sqlite3_busy_timeout(db_, BusyTimeoutMs());
+  return true;
+}
+
+// Reads the schema before changing anything: an empty file becomes a volume; a
+// file with tables must be a volume of a known format, else it is left alone.
+bool Volume::CheckOrInitialize() {
+  sqlite3_stmt* stmt = nullptr;
+  int rc = sqlite3_prepare_v2(db_, "SELECT count(*) FROM sqlite_master", -1, &stmt, nullptr);
+  std::int64_t objects = -1;
+  if (rc == SQLITE_OK && (rc = sqlite3_step(stmt)) == SQLITE_ROW) objects = sqlite3_column_int64(stmt, 0);
+  sqlite3_finalize(stmt);
+  if (objects < 0) return Fail(rc);
+
+  if (objects > 0) {
+    stmt = nullptr;
+    std::int64_t format = -1;
+    rc = sqlite3_prepare_v2(db_, "SELECT value FROM volume WHERE key='format'", -1, &stmt, nullptr);
+    if (rc == SQLITE_OK && (rc = sqlite3_step(stmt)) == SQLITE_ROW) format = sqlite3_column_int64(stmt, 0);
+    sqlite3_finalize(stmt);
+    // A missing table is a foreign file; anything else (locked, damaged) says so.
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE && (rc & 0xFF) != SQLITE_ERROR) return Fail(rc);
+    if (format != kFormatVersion) {
+      SetFailure(ERROR_BAD_FORMAT,
+                 "The file " + file_ + " is not a database volume of this program; it was left unchanged.");
+      return false;
+    }
+  }
+  // Write-ahead logging lets readers and one writer of any process work at once.
+  rc = sqlite3_exec(db_, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL", nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) return Fail(rc);
+  if (objects > 0) return true;
+  return Write([this] {
+    int result = sqlite3_exec(db_, kSchema, nullptr, nullptr, nullptr);
+    return result == SQLITE_OK || Fail(result);
+  });
+}
+
+// CREATE_ALWAYS on an existing volume: every database goes, identifiers stay
+// unused forever.
+bool Volume::RemoveAllDatabases() {
+  return Write([this] {
+    std::vector<CEOID> dbs;
+    {
+      Query all = Prepare(Sql::kAllDbs);
+      while (all.Step()) dbs.push_back(static_cast<CEOID>(all.Int(0)));
+      if (!all.ok() || all.failed()) return false;
+    }
+    for (CEOID db : dbs) {
+      if (!Prepare(Sql::kDeleteDbRecords).Bind(1, db).Run()) return false;
+      if (!Prepare(Sql::kDeleteDb).Bind(1, db).Run()) return false;
+      if (!Journal(db, db, 0, DB_CEOID_DATABASE_DELETED)) return false;
+    }
+    return true;
+  });
+}
+
+Query Volume::Prepare(Sql which) {
+  sqlite3_stmt*& stmt = statements_[static_cast<size_t>(which)];
+  if (!stmt) {
+    int rc = sqlite3_prepare_v3(db_, kSqlText[static_cast<size_t>(which)], -1,
+                                SQLITE_PREPARE_PERSISTENT, &stmt, nullptr);
+    if (rc != SQLITE_OK) {
+      Fail(rc);
+      stmt = nullptr;
+    }
+  }
+  return Query(this, stmt);
+}
+
+bool Volume::Exec(Sql which) { return Prepare(which).Run(); }
+
+void Volume::RollBack() {
+  if (!sqlite3_get_autocommit(db_)) {
+    // Keep the failure that caused the roll-back, not the roll-back's own.
+    sqlite3_stmt* stmt = statements_[static_cast<size_t>(Sql::kRollback)];
+    if (stmt) {
+      sqlite3_step(stmt);
+      sqlite3_reset(stmt);
+    } else {
+      sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+  }
+}
+
+bool Volume::AllocateOid(CEOID* out) {
+  std::int64_t next = 0;
+  {
+    Query get = Prepare(Sql::kGetNextOid);
+    if (!get.Step()) return get.failed() || Fail(SQLITE_CORRUPT);
+    next = get.Int(0);
+  }
+  if (next < 1 || next > kLastOid) {
+    SetFailure(ERROR_DATABASE_FULL, "The database volume " + file_ + " has no object identifiers left.");
+    return false;
+  }
+  if (!Prepare(Sql::kSetNextOid).Bind(1, next + 1).Run()) return false;
+  *out = static_cast<CEOID>(next);
+  return true;
+}
+
+bool Volume::Journal(CEOID db, CEOID oid, CEOID parent, UINT kind) {
+  if (!Prepare(Sql::kJournalAdd).Bind(1, db).Bind(2, oid).Bind(3, parent).Bind(4, kind).Run())
+    return false;
+  std::int64_t seq = sqlite3_last_insert_rowid(db_);
+  // The newest entry always stays, so sequence numbers only ever grow.
+  if (seq % kJournalPruneEvery == 0 && seq > kJournalKeep)
+    return Prepare(Sql::kJournalTrim).Bind(1, seq - kJournalKeep).Run();
+  return true;
+}
+
+bool Volume::TouchDatabase(CEOID db, std::int64_t record_delta, std::int64_t size_delta) {
+  if (!Prepare(Sql::kTouchDb).Bind(1, db).Bind(2, record_delta).Bind(3, size_delta).Bind(4, NowTicks()).Run())
+    return false;
+  if (sqlite3_changes(db_) == 1) return true;
+  SetFailure(ERROR_INVALID_PARAMETER, "The database was deleted.");
+  return false;
+}
+
+bool Volume::Fail(int sqlite_code) {
+  SetSqliteFailure(sqlite_code, file_, db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(sqlite_code));
+  return false;
+}
+
+}  // namespace velmo::cedb
