@@ -305,6 +305,7 @@ struct DbChange {
   UINT uType;
   CEOID oid;
   CEOID oidParent;
+  bool operator==(const DbChange&) const = default;
 };
 
 // Appends the changes to the handle's database made by any process (this one
