@@ -294,6 +294,14 @@ namespace velmo::cedb {
 // other failures a short description of the call's failure.
 std::string LastFailure();
 
+// Groups every write call on the volume until EndWriteBatch into one
+// transaction, for passes that write many records (each call still succeeds or
+// fails whole). Other processes' writes wait meanwhile; they see the batch when
+// the outermost EndWriteBatch commits it. False (failure set) when the volume is
+// locked or the commit fails, in which case the batch's writes are lost.
+bool BeginWriteBatch(PCEGUID guid);
+bool EndWriteBatch(PCEGUID guid);
+
 // Busy timeout for every connection opened afterwards (default 5,000 ms).
 void SetBusyTimeout(int milliseconds);
 

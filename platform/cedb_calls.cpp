@@ -220,3 +220,19 @@ BOOL CeOidGetInfoEx(PCEGUID guid, CEOID oid, CEOIDINFOEX* info) {
   SetFailure(ERROR_INVALID_PARAMETER, "The volume has no object of that identifier.");
   return FALSE;
 }
+
+namespace velmo::cedb {
+
+bool BeginWriteBatch(PCEGUID guid) {
+  auto lock = LockDatabases();
+  auto volume = FindVolume(guid);
+  return volume && volume->BeginBatch();
+}
+
+bool EndWriteBatch(PCEGUID guid) {
+  auto lock = LockDatabases();
+  auto volume = FindVolume(guid);
+  return volume && volume->EndBatch();
+}
+
+}  // namespace velmo::cedb

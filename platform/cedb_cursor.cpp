@@ -1,12 +1,24 @@
 #include "platform/cedb_cursor.h"
 
+#include <time.h>
+
 #include <algorithm>
 
 namespace velmo::cedb {
+namespace {
+
+// Milliseconds of the coarse monotonic clock: cheap enough to ask on every read.
+std::int64_t CoarseNowMs() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
+}
+
+}  // namespace
 
 bool Cursor::Covers(const Volume& volume, std::uint64_t from) const {
   return valid_ && generation_ == volume.generation() && from >= from_ && from <= through_ &&
-         std::chrono::steady_clock::now() - fetched_ < kMaxAge;
+         CoarseNowMs() - fetched_ms_ < kMaxAgeMs;
 }
 
 // Reads records from `from` on until max_rows or kMaxBytes (at least one record).
@@ -35,7 +47,7 @@ bool Cursor::Fill(Volume* volume, CEOID db, std::uint64_t from, size_t max_rows)
   from_ = from;
   through_ = through;
   generation_ = volume->generation();
-  fetched_ = std::chrono::steady_clock::now();
+  fetched_ms_ = CoarseNowMs();
   return true;
 }
 

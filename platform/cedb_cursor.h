@@ -3,11 +3,10 @@
 // A sequential walk (seek to the beginning, then one read per record) fetches
 // records in runs with one statement per run instead of one per record; the run
 // is a snapshot that is dropped whenever this process writes to the volume, the
-// handle seeks or polls for changes, or it is older than kMaxAge, so a walk never
+// handle seeks or polls for changes, or it is older than kMaxAgeMs, so a walk never
 // sees data older than that.
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -40,7 +39,7 @@ class Cursor {
   };
   static constexpr size_t kMaxRows = 4096;
   static constexpr size_t kMaxBytes = 512 * 1024;
-  static constexpr std::chrono::milliseconds kMaxAge{250};
+  static constexpr std::int64_t kMaxAgeMs = 250;
 
   bool Covers(const Volume& volume, std::uint64_t from) const;
   bool Fill(Volume* volume, CEOID db, std::uint64_t from, size_t max_rows);
@@ -49,7 +48,7 @@ class Cursor {
   std::uint64_t from_ = 0;     // the run holds every record in [from_, through_]
   std::uint64_t through_ = 0;
   std::uint64_t generation_ = 0;
-  std::chrono::steady_clock::time_point fetched_;
+  std::int64_t fetched_ms_ = 0;
   std::vector<Row> rows_;
   std::string bytes_;
 };

@@ -1,5 +1,6 @@
 #include "platform/cedb_objects.h"
 
+#include <pthread.h>
 #include <unistd.h>
 
 #include <map>
@@ -33,11 +34,10 @@ struct State {
 
 std::mutex g_lock;
 State* g_state = new State;
+[[maybe_unused]] const int g_fork_handler =
+    pthread_atfork(nullptr, nullptr, [] { g_state = new State; });
 
-State& Current() {
-  if (g_state->pid != getpid()) g_state = new State;
-  return *g_state;
-}
+State& Current() { return *g_state; }
 
 std::string FileKey(const std::filesystem::path& file) {
   std::error_code ec;

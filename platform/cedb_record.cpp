@@ -19,10 +19,18 @@ constexpr TypeInfo kTypes[] = {
     {CEVT_LPWSTR, 0},   {CEVT_BLOB, 0},
 };
 
+// kTypes by value type, for a lookup without a search (every type is below 128).
+struct TypeIndex {
+  const TypeInfo* by_type[128] = {};
+  constexpr TypeIndex() {
+    for (const TypeInfo& info : kTypes) by_type[info.type] = &info;
+  }
+};
+constexpr TypeIndex kTypeIndex;
+
 const TypeInfo* FindType(CEPROPID propid) {
-  for (const TypeInfo& info : kTypes)
-    if (info.type == TypeFromPropID(propid)) return &info;
-  return nullptr;
+  WORD type = TypeFromPropID(propid);
+  return type < 128 ? kTypeIndex.by_type[type] : nullptr;
 }
 
 bool SizeFitsType(const TypeInfo& info, DWORD size) {
@@ -42,8 +50,16 @@ char16_t UnitAt(const BYTE* data, size_t i) {
 }
 
 // Decodes UTF-16 units into wide characters (a lone surrogate becomes U+FFFD);
-// with out null only counts them.
+// returns how many were written, never more than units. Text without
+// surrogates, nearly all of it, is done by the first, plain widening loop.
 size_t DecodeUtf16(const BYTE* data, size_t units, wchar_t* out) {
+  unsigned surrogates = 0;
+  for (size_t i = 0; i < units; ++i) {
+    char16_t u = UnitAt(data, i);
+    out[i] = u;
+    surrogates |= static_cast<unsigned>(u - 0xD800u) < 0x800u;
+  }
+  if (!surrogates) return units;
   size_t n = 0;
   for (size_t i = 0; i < units; ++i, ++n) {
     char16_t u = UnitAt(data, i);
@@ -54,7 +70,7 @@ size_t DecodeUtf16(const BYTE* data, size_t units, wchar_t* out) {
     } else if (IsHighSurrogate(u) || IsLowSurrogate(u)) {
       c = 0xFFFD;
     }
-    if (out) out[n] = c;
+    out[n] = c;
   }
   return n;
 }
@@ -111,8 +127,8 @@ void AppendStored(CEPROPID propid, const char* data, size_t size, std::string* o
 
 size_t DataSize(const StoredProp& prop) {
   switch (TypeFromPropID(prop.propid)) {
-    case CEVT_LPWSTR:
-      return AlignUp((DecodeUtf16(prop.data, prop.size / 2, nullptr) + 1) * sizeof(wchar_t));
+    case CEVT_LPWSTR:  // room for one character per unit and the terminator
+      return AlignUp((prop.size / 2 + 1) * sizeof(wchar_t));
     case CEVT_BLOB:
       return AlignUp(prop.size);
     default:
@@ -129,7 +145,7 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
       size_t n = DecodeUtf16(prop.data, prop.size / 2, text);
       text[n] = L'\0';
       out->val.lpwstr = text;
-      *cursor += AlignUp((n + 1) * sizeof(wchar_t));
+      *cursor += DataSize(prop);
       break;
     }
     case CEVT_BLOB:
@@ -143,8 +159,12 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
     case CEVT_R8:
       std::memcpy(&out->val.dblVal, prop.data, 8);
       break;
-    default:
-      std::memcpy(&out->val, prop.data, prop.size);
+    case CEVT_I2:
+    case CEVT_UI2:
+      std::memcpy(&out->val, prop.data, 2);
+      break;
+    default:  // the 4-byte integers and BOOL
+      std::memcpy(&out->val, prop.data, 4);
       break;
   }
 }

@@ -27,6 +27,8 @@ constexpr const char* kSqlText[] = {
     "BEGIN IMMEDIATE",
     "COMMIT",
     "ROLLBACK",
+    "SAVEPOINT write_call",
+    "RELEASE write_call",
     "SELECT value FROM volume WHERE key='next_oid'",
     "UPDATE volume SET value=?1 WHERE key='next_oid'",
     "SELECT oid FROM databases WHERE name=?1",
@@ -253,17 +255,33 @@ Query Volume::Prepare(Sql which) {
 
 bool Volume::Exec(Sql which) { return Prepare(which).Run(); }
 
-void Volume::RollBack() {
-  if (!sqlite3_get_autocommit(db_)) {
-    // Keep the failure that caused the roll-back, not the roll-back's own.
-    sqlite3_stmt* stmt = statements_[static_cast<size_t>(Sql::kRollback)];
-    if (stmt) {
-      sqlite3_step(stmt);
-      sqlite3_reset(stmt);
-    } else {
-      sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-    }
+void Volume::RollBack(bool to_savepoint) {
+  if (sqlite3_get_autocommit(db_)) return;  // SQLite already rolled it back
+  // Keep the failure that caused the roll-back, not the roll-back's own.
+  auto run = [this](const char* sql) { sqlite3_exec(db_, sql, nullptr, nullptr, nullptr); };
+  if (to_savepoint) {
+    run("ROLLBACK TO write_call");
+    run("RELEASE write_call");
+  } else {
+    run("ROLLBACK");
   }
+}
+
+bool Volume::BeginBatch() {
+  if (batch_depth_ == 0 && !Exec(Sql::kBegin)) return false;
+  ++batch_depth_;
+  return true;
+}
+
+bool Volume::EndBatch() {
+  if (batch_depth_ == 0) {
+    SetFailure(ERROR_INVALID_PARAMETER, "No write batch is open on the volume.");
+    return false;
+  }
+  if (--batch_depth_ > 0) return true;
+  if (Exec(Sql::kCommit)) return true;
+  RollBack(false);
+  return false;
 }
 
 bool Volume::AllocateOid(CEOID* out) {

@@ -25,6 +25,8 @@ enum class Sql {
   kBegin,
   kCommit,
   kRollback,
+  kSavepoint,
+  kRelease,
   kGetNextOid,
   kSetNextOid,
   kDbByName,
@@ -99,19 +101,26 @@ class Volume {
   // The statement, ready to bind; !ok() (failure set) when it cannot be prepared.
   Query Prepare(Sql which);
 
-  // Runs body inside one write transaction. body returns false, after setting the
-  // failure, to roll everything back. False when the transaction cannot start
-  // (locked past the busy timeout) or commit.
+  // Runs body inside one write transaction (inside a batch: a savepoint of the
+  // batch's transaction). body returns false, after setting the failure, to roll
+  // its changes back. False when the transaction cannot start (locked past the
+  // busy timeout) or commit.
   template <typename Body>
   bool Write(Body&& body) {
-    if (!Exec(Sql::kBegin)) return false;
-    if (!body() || !Exec(Sql::kCommit)) {
-      RollBack();
+    bool batched = batch_depth_ > 0;
+    if (!Exec(batched ? Sql::kSavepoint : Sql::kBegin)) return false;
+    if (!body() || !Exec(batched ? Sql::kRelease : Sql::kCommit)) {
+      RollBack(batched);
       return false;
     }
     ++generation_;
     return true;
   }
+
+  // A batch: one transaction for every write until the matching EndBatch.
+  // Batches nest; the outermost one commits.
+  bool BeginBatch();
+  bool EndBatch();
 
   // A new object identifier, inside a write transaction (ERROR_DATABASE_FULL when
   // the 32-bit range is used up).
@@ -137,12 +146,13 @@ class Volume {
   bool Connect(bool may_create);
   bool CheckOrInitialize();
   bool Exec(Sql which);
-  void RollBack();
+  void RollBack(bool to_savepoint);
 
   std::string file_;
   sqlite3* db_ = nullptr;
   std::array<sqlite3_stmt*, static_cast<size_t>(Sql::kCount)> statements_{};
   std::uint64_t generation_ = 0;
+  int batch_depth_ = 0;
 };
 
 // Current time as FILETIME ticks (UTC).

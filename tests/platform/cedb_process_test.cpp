@@ -71,6 +71,37 @@ TEST_F(ProcessTest, ConcurrentWritersLoseNoWrite) {
   }
 }
 
+TEST_F(ProcessTest, ABatchIsSeenWholeByOthersWhenItEnds) {
+  CEOID kept = Write(0, {PropI2(1, 1)});
+  ASSERT_TRUE(cedb::BeginWriteBatch(&volume_));
+  CEOID made = Write(0, {PropI2(1, 2)});
+  ASSERT_NE(made, 0u);
+  EXPECT_EQ(Write(kept, {PropI2(1, 3)}), kept);
+  // A failing call inside the batch undoes only itself.
+  EXPECT_EQ(Write(0x7FFFFFF0, {PropI2(1, 4)}), 0u);
+  auto others_count = [&] {
+    return StartChild([](CEGUID* volume, HANDLE) {
+      CEOID db = 0;
+      HANDLE h = CeOpenDatabaseEx(volume, &db, L"Tasks Database", 0, 0, nullptr);
+      CEOIDINFOEX info{};
+      bool ok = CeOidGetInfoEx(volume, db, &info);
+      CeCloseHandle(h);
+      _exit(ok ? static_cast<int>(info.infDatabase.dwNumRecords) : 99);
+      return false;
+    });
+  };
+  int status = 0;
+  pid_t child = others_count();
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(WEXITSTATUS(status), 1);  // the batch is not visible yet
+  ASSERT_TRUE(cedb::EndWriteBatch(&volume_));
+  EXPECT_FALSE(cedb::EndWriteBatch(&volume_));
+  child = others_count();
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_EQ(Walk(), (std::vector<CEOID>{kept, made}));
+}
+
 class JournalTest : public CedbTest {
  protected:
   void SetUp() override {
