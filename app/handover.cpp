@@ -59,7 +59,7 @@ HandoverRequest DecodeHandover(ULONG_PTR code, DWORD size, const BYTE* bytes, si
                      : static_cast<size_t>(signed_size);
   count = std::min(count, bytes ? available : size_t{0});
   char16_t buffer[kReceiveBufferBytes / sizeof(char16_t)] = {};
-  std::memcpy(buffer, bytes, count);
+  if (count) std::memcpy(buffer, bytes, count);
   buffer[kIdentifierChars] = u'\0';
   request.task_oid = static_cast<CEOID>(LeadingDecimal(FromUtf16(buffer)));
   return request;

@@ -17,6 +17,9 @@
 namespace velmo::app {
 namespace {
 
+// The instance mutex, held for the whole run of the first instance.
+HANDLE g_instance_mutex = nullptr;
+
 // The settings of a normal start: loaded, completed and, when anything was
 // missing or the texts were just filled, saved back at once so that the registry
 // holds every value.
@@ -57,7 +60,8 @@ int RunProgram(std::wstring_view command_line) {
   StartRequest& start = TheStartRequest();
   start = ParseCommandLine(command_line);
 
-  HANDLE mutex = CreateMutexW(nullptr, FALSE, kInstanceMutexName);
+  HANDLE& mutex = g_instance_mutex;
+  mutex = CreateMutexW(nullptr, FALSE, kInstanceMutexName);
   if (!mutex) return 0;
   if (GetLastError() == ERROR_ALREADY_EXISTS) {
     HandOverToRunningInstance(start);
