@@ -4,13 +4,13 @@
 
 #include "editor/recurrence_choices.h"
 #include "platform/oletime.h"
-#include "tests/editor/pinned_names_locale.h"
+#include "platform/locale.h"
 
 namespace velmo {
 namespace {
 
 TEST(OccursList, RewordsForANewDayAndKeepsSelectionAndCustom) {
-  testing::PinnedNamesLocale locale("en_US.UTF-8");
+  locale::ScopedLocale locale("en_US");
   OccursList list;
   FillOccursList(&list, MakeDate(2026, 1, 29));
   ASSERT_EQ(list.entries.size(), static_cast<size_t>(kFixedChoices));

@@ -5,14 +5,14 @@
 #include "editor/day_names.h"
 #include "editor/recurrence_choices.h"
 #include "editor/recurrence_writer.h"
-#include "tests/editor/pinned_names_locale.h"
+#include "platform/locale.h"
 
 namespace velmo {
 namespace {
 
 class RecurrenceWords : public ::testing::Test {
  protected:
-  testing::PinnedNamesLocale locale_{"en_US.UTF-8"};
+  locale::ScopedLocale locale_{"en_US"};
 };
 
 TEST_F(RecurrenceWords, TheThirteenChoicesForABaseDate) {
@@ -161,7 +161,7 @@ TEST_F(RecurrenceWords, EndOfRecurrence) {
 }
 
 TEST(DayNames, FollowTheLocale) {
-  testing::PinnedNamesLocale german("de_DE.UTF-8");
+  locale::ScopedLocale german("de_DE");
   EXPECT_EQ(LongWeekdayName(4), L"Donnerstag");
   EXPECT_EQ(LongMonthName(3), L"März");
   EXPECT_EQ(LongWeekdayName(7), L"");

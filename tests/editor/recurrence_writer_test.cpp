@@ -13,11 +13,9 @@ TEST(WriteRecurrenceChoice, FieldsOfEachChoice) {
   struct Case { int choice; LONG type, interval, mask, day, instance, month; } cases[] = {
       {1, kRecursDaily, 1, 0, 0, 0, 0},
       {2, kRecursWeekly, 1, friday, 0, 0, 0},
-      {3, kRecursWeekly, 2, friday, 0, 0, 0},
       {5, kRecursWeekly, 4, friday, 0, 0, 0},
       {6, kRecursMonthNth, 1, friday, 0, 5, 0},
       {7, kRecursMonthly, 1, 0, 30, 0, 0},
-      {10, kRecursMonthly, 4, 0, 30, 0, 0},
       {11, kRecursMonthly, 6, 0, 30, 0, 0},
       {12, kRecursYearly, 1, 0, 30, 0, 1},
   };
