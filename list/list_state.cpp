@@ -1,6 +1,6 @@
 #include "list/list_state.h"
 
-#include "list/list_filter.h"
+#include "categories/category_state.h"
 #include "list/view_ids.h"
 
 namespace velmo {

@@ -1,7 +1,7 @@
 // The task list's program-wide state: the current view, the current primary
-// sort pair and the at-default flag. The category filter in force is kept by the
-// categories area (categories/category_state.h); list/list_filter.h is how the
-// list reads and changes it. Everything here lives from start-up to exit.
+// sort pair and the at-default flag. The category filter in force (its list and
+// its text) is kept beside the category catalogue in categories/category_state.h.
+// Everything here lives from start-up to exit.
 #pragma once
 
 #include "platform/wintypes.h"

@@ -122,7 +122,7 @@ DATE DueSortDate(const Task& task) {
 }
 
 SHORT DefaultSortDirection(SHORT key) {
-  return IsKey(key) ? kDefaultDirections[key] : kSortAscending;
+  return IsKey(key) ? kDefaultDirections[key] : SHORT{kSortAscending};
 }
 
 }  // namespace velmo

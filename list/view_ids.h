@@ -28,7 +28,7 @@ constexpr int ViewIndex(UINT view) { return static_cast<int>(view - kFirstView);
 
 // Commands of the view and filter menus.
 enum ViewCommand : UINT {
-  kCmdAllCategories = 40047,    // "View: All Categories"
+  kCmdViewAllCategories = 40047,  // "View: All Categories"
   kCmdDefaultView = 40048,      // "Default View"
   kCmdSetAsDefault = 40049,     // "Set as Default"
   kCmdSearch = kViewSearch,     // "Search..."
@@ -45,7 +45,6 @@ constexpr UINT kTitleNextDaysMany = 40369;      // "%2 Days [%1] %3"
 constexpr UINT kTitleActiveDays = 40370;        // "Active %2d [%1] %3"
 constexpr UINT kTitleMultiple = 40371;          // "Multiple"
 constexpr UINT kTitleMultipleAllTasks = 40372;  // "Multiple Cat."
-constexpr UINT kTextNoCategory = 801;           // "No Category"
 constexpr UINT kTextNoMatches = 196;            // "No matches for this filter"
 
 }  // namespace velmo

@@ -9,7 +9,7 @@ constexpr std::int64_t kTicksPerDay = 864000000000LL;
 constexpr std::int64_t kTicksPerMs = 10000;
 
 // Proleptic Gregorian days since 1 March of year 0 (Howard Hinnant's algorithm).
-std::int64_t DaysFromCivil(std::int64_t y, unsigned m, unsigned d) {
+constexpr std::int64_t DaysFromCivil(std::int64_t y, unsigned m, unsigned d) {
   y -= m <= 2;
   const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
   const unsigned yoe = static_cast<unsigned>(y - era * 400);
@@ -30,7 +30,7 @@ void CivilFromDays(std::int64_t z, int* y, unsigned* m, unsigned* d) {
   *y = static_cast<int>(static_cast<std::int64_t>(yoe) + era * 400 + (*m <= 2));
 }
 
-const std::int64_t kEpoch1899 = DaysFromCivil(1899, 12, 30);
+constexpr std::int64_t kEpoch1899 = DaysFromCivil(1899, 12, 30);
 
 bool ValidSystemTime(const SYSTEMTIME& st) {
   static constexpr unsigned kDaysInMonth[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
