@@ -19,6 +19,10 @@ constexpr SortPair kTieBreakers[] = {
     {kSortDueDate, kSortDescending},
 };
 
+constexpr bool IsKnownPair(SortPair pair) {
+  return pair.key >= 1 && pair.key <= kLastSortKey && pair.order <= kSortAscendingNoneLast;
+}
+
 constexpr UINT SortByItem(WORD key) {
   return key >= 1 && key <= kLastSortKey ? kCmdFirstSortBy - 1 + key : 0;
 }
@@ -31,6 +35,9 @@ int CompareRowsBy(const Task& a, const Task& b, SortPair primary, const SortRow&
   if (record[1].key != 0 && r == 0) r = ComparePair(a, b, record[1]);
   if (record[2].key == 0) return r;
   if (r == 0) r = ComparePair(a, b, record[2]);
+  // A record the program cannot read (keys or directions out of range) orders
+  // nothing, so it brings no tie-breakers either.
+  if (!IsKnownPair(record[2])) return r;
   for (const SortPair& pair : kTieBreakers) {
     if (r != 0) break;
     r = ComparePair(a, b, pair);

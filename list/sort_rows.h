@@ -13,7 +13,7 @@ namespace velmo {
 
 // Negative puts a first. Only a record with a tertiary key breaks a remaining tie,
 // by Subject ascending, then Start Date and Due Date descending; without one a
-// tie stays a tie.
+// tie stays a tie. Keys and directions out of range compare equal and break no tie.
 int CompareRows(const Task& a, const Task& b);
 
 // The same under an explicit primary pair and record.

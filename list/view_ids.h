@@ -38,9 +38,10 @@ enum ViewCommand : UINT {
   kCmdPreviousViewSkip = 40070, // "View: Filter « skip empty"
 };
 
-// The title's string is the view's number + 310; the day-count forms have their own.
+// The title's string is the view's number + 310 (for All Tasks the form with a
+// filter); the form without a filter and the day-count forms have their own.
 constexpr UINT kTitleStringOffset = 310;
-constexpr UINT kTitleAllTasksFiltered = 40360;  // "%2 [%1]"
+constexpr UINT kTitleAllTasksPlain = 40359;     // "Tasks [%1]", no filter
 constexpr UINT kTitleNextDaysMany = 40369;      // "%2 Days [%1] %3"
 constexpr UINT kTitleActiveDays = 40370;        // "Active %2d [%1] %3"
 constexpr UINT kTitleMultiple = 40371;          // "Multiple"

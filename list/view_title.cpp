@@ -23,8 +23,8 @@ std::wstring FormatViewTitle(UINT view, std::wstring_view count, std::wstring_vi
     title = res::FormatId(kTitleActiveDays, {count, std::to_wstring(s.a_days), category_text});
   } else if (view == kViewNextDays && s.n_days > 1) {
     title = res::FormatId(kTitleNextDaysMany, {count, std::to_wstring(s.n_days), category_text});
-  } else if (view == kViewAllTasks && filter_count > 0) {
-    title = res::FormatId(kTitleAllTasksFiltered, {count, category_text});
+  } else if (view == kViewAllTasks && filter_count == 0) {
+    title = res::FormatId(kTitleAllTasksPlain, {count});
   } else {
     title = res::FormatId(view + kTitleStringOffset, {count, category_text});
   }
