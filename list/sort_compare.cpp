@@ -31,8 +31,18 @@ int CompareFlags(bool a, bool b, SHORT direction) {
   return Ordered(!a, direction);
 }
 
-int CompareTexts(const std::wstring& a, const std::wstring& b, SHORT direction) {
-  const int c = CollateText(a, b);
+// By the collation keys when both are given, else by the collator.
+const std::string& KeyOf(const std::wstring& text, LazyTextKey* slot) {
+  if (!slot->made) {
+    slot->key = CollationKey(text);
+    slot->made = true;
+  }
+  return slot->key;
+}
+
+int CompareTexts(const std::wstring& a, LazyTextKey* a_key, const std::wstring& b,
+                 LazyTextKey* b_key, SHORT direction) {
+  const int c = a_key && b_key ? KeyOf(a, a_key).compare(KeyOf(b, b_key)) : CollateText(a, b);
   if (c == 0) return 0;
   if (a.empty()) return MissingA(direction);
   if (b.empty()) return MissingB(direction);
@@ -54,39 +64,50 @@ int CompareOptionalDates(bool a_has, DATE a, bool b_has, DATE b, SHORT direction
   return CompareDates(a, b, direction);
 }
 
-int ByNone(const Task&, const Task&, SHORT) { return 0; }
-int ByPriority(const Task& a, const Task& b, SHORT d) {
-  return CompareNumbers(a.importance, b.importance, d);
+// A task with the collation keys of its texts, when the caller made them.
+struct Row {
+  const Task& task;
+  TaskTextKeys* keys;
+};
+
+LazyTextKey* SubjectKey(const Row& r) { return r.keys ? &r.keys->subject : nullptr; }
+LazyTextKey* CategoriesKey(const Row& r) { return r.keys ? &r.keys->categories : nullptr; }
+
+int ByNone(const Row&, const Row&, SHORT) { return 0; }
+int ByPriority(const Row& a, const Row& b, SHORT d) {
+  return CompareNumbers(a.task.importance, b.task.importance, d);
 }
-int ByStatus(const Task& a, const Task& b, SHORT d) {
-  return CompareFlags(a.complete != 0, b.complete != 0, d);
+int ByStatus(const Row& a, const Row& b, SHORT d) {
+  return CompareFlags(a.task.complete != 0, b.task.complete != 0, d);
 }
-int BySubject(const Task& a, const Task& b, SHORT d) { return CompareTexts(a.subject, b.subject, d); }
-int ByStartDate(const Task& a, const Task& b, SHORT d) {
-  return CompareDates(StartSortDate(a), StartSortDate(b), d);
+int BySubject(const Row& a, const Row& b, SHORT d) {
+  return CompareTexts(a.task.subject, SubjectKey(a), b.task.subject, SubjectKey(b), d);
 }
-int ByDueDate(const Task& a, const Task& b, SHORT d) {
-  return CompareDates(DueSortDate(a), DueSortDate(b), d);
+int ByStartDate(const Row& a, const Row& b, SHORT d) {
+  return CompareDates(StartSortDate(a.task), StartSortDate(b.task), d);
 }
-int ByDateCompleted(const Task& a, const Task& b, SHORT d) {
-  return CompareOptionalDates(a.complete != 0, a.date_completed, b.complete != 0,
-                              b.date_completed, d);
+int ByDueDate(const Row& a, const Row& b, SHORT d) {
+  return CompareDates(DueSortDate(a.task), DueSortDate(b.task), d);
 }
-int ByReminderTime(const Task& a, const Task& b, SHORT d) {
-  return CompareOptionalDates(a.reminder_set != 0, a.reminder_time, b.reminder_set != 0,
-                              b.reminder_time, d);
+int ByDateCompleted(const Row& a, const Row& b, SHORT d) {
+  return CompareOptionalDates(a.task.complete != 0, a.task.date_completed, b.task.complete != 0,
+                              b.task.date_completed, d);
 }
-int BySensitivity(const Task& a, const Task& b, SHORT d) {
-  return CompareNumbers(a.sensitivity, b.sensitivity, d);
+int ByReminderTime(const Row& a, const Row& b, SHORT d) {
+  return CompareOptionalDates(a.task.reminder_set != 0, a.task.reminder_time,
+                              b.task.reminder_set != 0, b.task.reminder_time, d);
 }
-int ByTeamTask(const Task& a, const Task& b, SHORT d) {
-  return CompareFlags(a.team_task != 0, b.team_task != 0, d);
+int BySensitivity(const Row& a, const Row& b, SHORT d) {
+  return CompareNumbers(a.task.sensitivity, b.task.sensitivity, d);
 }
-int ByCategories(const Task& a, const Task& b, SHORT d) {
-  return CompareTexts(a.categories, b.categories, d);
+int ByTeamTask(const Row& a, const Row& b, SHORT d) {
+  return CompareFlags(a.task.team_task != 0, b.task.team_task != 0, d);
+}
+int ByCategories(const Row& a, const Row& b, SHORT d) {
+  return CompareTexts(a.task.categories, CategoriesKey(a), b.task.categories, CategoriesKey(b), d);
 }
 
-using KeyCompare = int (*)(const Task&, const Task&, SHORT);
+using KeyCompare = int (*)(const Row&, const Row&, SHORT);
 
 // By key, 0 .. 10.
 constexpr KeyCompare kKeyCompares[] = {ByNone,        ByPriority,      ByStatus,       BySubject,
@@ -109,9 +130,14 @@ DATE RefinedByReminder(const Task& task, DATE date) {
 
 }  // namespace
 
-int Compare(const Task& a, const Task& b, SHORT key, SHORT direction) {
+int CompareKeyed(const Task& a, TaskTextKeys* a_keys, const Task& b, TaskTextKeys* b_keys,
+                 SHORT key, SHORT direction) {
   if (!IsKey(key) || !IsDirection(direction)) return 0;
-  return kKeyCompares[key](a, b, direction);
+  return kKeyCompares[key](Row{a, a_keys}, Row{b, b_keys}, direction);
+}
+
+int Compare(const Task& a, const Task& b, SHORT key, SHORT direction) {
+  return CompareKeyed(a, nullptr, b, nullptr, key, direction);
 }
 
 DATE StartSortDate(const Task& task) { return RefinedByReminder(task, task.start_date); }

@@ -1,6 +1,8 @@
 // Ordering two tasks by one sort key in one direction.
 #pragma once
 
+#include <string>
+
 #include "platform/wintypes.h"
 #include "store/task.h"
 
@@ -38,6 +40,23 @@ constexpr UINT SortDirectionText(SHORT direction) {
 // goes first when ascending and last otherwise. Unknown keys and directions
 // compare equal.
 int Compare(const Task& a, const Task& b, SHORT key, SHORT direction);
+
+// The collation key of one of a task's texts, made when a comparison first needs
+// it and kept for the rest of a sort, so that thousands of comparisons need not
+// each consult the collator.
+struct LazyTextKey {
+  bool made = false;
+  std::string key;
+};
+struct TaskTextKeys {
+  LazyTextKey subject;
+  LazyTextKey categories;
+};
+
+// Compare with the texts ordered by their keys (null: by the collator); the keys
+// are filled in as they are needed.
+int CompareKeyed(const Task& a, TaskTextKeys* a_keys, const Task& b, TaskTextKeys* b_keys,
+                 SHORT key, SHORT direction);
 
 // The dates keys 4 and 5 sort by: the reminder time stands in for the start or
 // due date on the same day, so the reminder orders a day's tasks.

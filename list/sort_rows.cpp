@@ -1,15 +1,24 @@
 #include "list/sort_rows.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "list/list_state.h"
 #include "list/sort_compare.h"
+#include "platform/lstrcmp.h"
 
 namespace velmo {
 namespace {
 
-int ComparePair(const Task& a, const Task& b, SortPair pair) {
-  return Compare(a, b, static_cast<SHORT>(pair.key), static_cast<SHORT>(pair.order));
+// A row being ordered: its task and, during a sort, the collation keys of its texts.
+struct Keyed {
+  const Task* task;
+  TaskTextKeys* keys;
+};
+
+int ComparePair(const Keyed& a, const Keyed& b, SortPair pair) {
+  return CompareKeyed(*a.task, a.keys, *b.task, b.keys, static_cast<SHORT>(pair.key),
+                      static_cast<SHORT>(pair.order));
 }
 
 // Settle ties of a record that names a tertiary key, first result that differs.
@@ -27,9 +36,7 @@ constexpr UINT SortByItem(WORD key) {
   return key >= 1 && key <= kLastSortKey ? kCmdFirstSortBy - 1 + key : 0;
 }
 
-}  // namespace
-
-int CompareRowsBy(const Task& a, const Task& b, SortPair primary, const SortRow& record) {
+int CompareKeyedRows(const Keyed& a, const Keyed& b, SortPair primary, const SortRow& record) {
   int r = 0;
   if (primary.key != 0) r = ComparePair(a, b, primary);
   if (record[1].key != 0 && r == 0) r = ComparePair(a, b, record[1]);
@@ -45,6 +52,24 @@ int CompareRowsBy(const Task& a, const Task& b, SortPair primary, const SortRow&
   return r;
 }
 
+// The pairs an order by `primary` and `record` may consult.
+std::vector<SortPair> PairsInUse(SortPair primary, const SortRow& record) {
+  std::vector<SortPair> pairs = {primary, record[1], record[2]};
+  if (record[2].key != 0 && IsKnownPair(record[2]))
+    pairs.insert(pairs.end(), std::begin(kTieBreakers), std::end(kTieBreakers));
+  return pairs;
+}
+
+bool UsesKey(const std::vector<SortPair>& pairs, WORD key) {
+  return std::any_of(pairs.begin(), pairs.end(), [key](SortPair p) { return p.key == key; });
+}
+
+}  // namespace
+
+int CompareRowsBy(const Task& a, const Task& b, SortPair primary, const SortRow& record) {
+  return CompareKeyedRows({&a, nullptr}, {&b, nullptr}, primary, record);
+}
+
 int CompareRows(const Task& a, const Task& b) {
   return CompareRowsBy(a, b, CurrentListState().primary, SortRecordFor(CurrentView()));
 }
@@ -52,11 +77,18 @@ int CompareRows(const Task& a, const Task& b) {
 void SortRows(std::vector<const Task*>& rows) {
   const SortPair primary = CurrentListState().primary;
   const SortRow& record = SortRecordFor(CurrentView());
+  const CollationScope collation;
+  const std::vector<SortPair> pairs = PairsInUse(primary, record);
+  const bool by_text = UsesKey(pairs, kSortSubject) || UsesKey(pairs, kSortCategories);
+  std::vector<TaskTextKeys> keys(by_text ? rows.size() : 0);
+  std::vector<Keyed> keyed(rows.size());
+  for (size_t i = 0; i < rows.size(); ++i) keyed[i] = {rows[i], by_text ? &keys[i] : nullptr};
   // A stable merge sort: equal rows keep their order, and no order a comparison
   // could give makes it run past the rows.
-  std::stable_sort(rows.begin(), rows.end(), [&](const Task* a, const Task* b) {
-    return CompareRowsBy(*a, *b, primary, record) < 0;
+  std::stable_sort(keyed.begin(), keyed.end(), [&](const Keyed& a, const Keyed& b) {
+    return CompareKeyedRows(a, b, primary, record) < 0;
   });
+  for (size_t i = 0; i < rows.size(); ++i) rows[i] = keyed[i].task;
 }
 
 bool ChooseSortBy(UINT command) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/locale.h"
+#include "platform/wstr.h"
 
 namespace velmo {
 namespace {
@@ -22,7 +23,10 @@ struct CachedCollator {
   std::unique_ptr<UCollator, CollatorCloser> collator;
 };
 
+UCollator* g_scoped_collator = nullptr;
+
 UCollator* CollatorForCurrentLocale() {
+  if (g_scoped_collator) return g_scoped_collator;
   static CachedCollator cache;
   const std::string name = locale::CurrentLocaleName();
   if (!cache.collator || cache.locale_name != name) {
@@ -74,6 +78,28 @@ class Utf16Text {
 };
 
 }  // namespace
+
+std::string CollationKey(std::wstring_view text) {
+  UCollator* collator = CollatorForCurrentLocale();
+  const Utf16Text u(text);
+  if (!collator) return ToUtf8(text);  // code point order, as CollateText falls back to
+  std::string key(static_cast<size_t>(u.size()) * 4 + 16, '\0');
+  int32_t n = ucol_getSortKey(collator, u.data(), u.size(),
+                              reinterpret_cast<uint8_t*>(key.data()), static_cast<int32_t>(key.size()));
+  if (n > static_cast<int32_t>(key.size())) {
+    key.resize(static_cast<size_t>(n));
+    n = ucol_getSortKey(collator, u.data(), u.size(), reinterpret_cast<uint8_t*>(key.data()), n);
+  }
+  key.resize(n > 0 ? static_cast<size_t>(n - 1) : 0);  // without the terminating zero
+  return key;
+}
+
+CollationScope::CollationScope() : previous_(g_scoped_collator) {
+  g_scoped_collator = nullptr;
+  g_scoped_collator = CollatorForCurrentLocale();
+}
+
+CollationScope::~CollationScope() { g_scoped_collator = static_cast<UCollator*>(previous_); }
 
 int CollateText(std::wstring_view a, std::wstring_view b) {
   if (a == b) return 0;
