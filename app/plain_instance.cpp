@@ -77,7 +77,7 @@ int RunPlainInstance(const StartRequest& start) {
   const int signals = SignalDescriptor();
   std::vector<std::wstring> subjects;
   if (!ReadTaskSubjects(CurrentSettings(), &subjects))
-    PrintLine("tasks database: " + cedb::LastFailure());
+    std::fprintf(stderr, "velmo-todo: %s\n", cedb::LastFailure().c_str());
   PrintLine("tasks: " + std::to_string(subjects.size()));
   for (const std::wstring& subject : subjects) PrintLine("  " + ToUtf8(subject));
   PrintLine("start: request=" + std::to_string(start.request) +

@@ -7,6 +7,7 @@
 
 #include <fstream>
 
+#include "platform/cedb.h"
 #include "platform/registry.h"
 #include "tests/app/child_process.h"
 #include "tests/support/temp_root.h"
@@ -36,6 +37,43 @@ class StartupProcessTest : public velmo::testing::DeviceTest {
     const LONG rc = RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size);
     RegCloseKey(key);
     return rc == ERROR_SUCCESS;
+  }
+
+  // The DWORD setting, or ~0 when absent.
+  static DWORD DwordSetting(const wchar_t* name) {
+    HKEY key = nullptr;
+    DWORD value = ~0u, size = sizeof value;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Velmo ToDo", 0, KEY_READ, &key) ==
+        ERROR_SUCCESS) {
+      if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value),
+                           &size) != ERROR_SUCCESS)
+        value = ~0u;
+      RegCloseKey(key);
+    }
+    return value;
+  }
+
+  // Adds tasks with these subjects (an empty one: a record without a subject) and
+  // returns the database's last-modified time afterwards.
+  static FILETIME AddTasks(std::initializer_list<const wchar_t*> subjects) {
+    EXPECT_TRUE(cedb::EnsureDeviceVolume());
+    CEGUID volume;
+    EXPECT_TRUE(CeMountDBVol(&volume, cedb::kDefaultVolumePath, OPEN_EXISTING));
+    CEOID database = 0;
+    HANDLE db = CeOpenDatabaseEx(&volume, &database, cedb::kTasksDatabaseName, 0, 0, nullptr);
+    EXPECT_NE(db, INVALID_HANDLE_VALUE);
+    for (const wchar_t* subject : subjects) {
+      CEPROPVAL values[2] = {};
+      values[0].propid = 0x00040003;  // a property every record has
+      values[1].propid = 0x0037001F;
+      values[1].val.lpwstr = const_cast<LPWSTR>(subject);
+      EXPECT_NE(CeWriteRecordProps(db, 0, *subject ? 2 : 1, values), 0u);
+    }
+    CEOIDINFOEX info{};
+    EXPECT_TRUE(CeOidGetInfoEx(&volume, database, &info));
+    CeCloseHandle(db);
+    CeUnmountDBVol(&volume);
+    return info.infDatabase.ftLastModified;
   }
 };
 
@@ -85,6 +123,29 @@ TEST_F(StartupProcessTest, FirstNormalStartSavesEverySetting) {
   EXPECT_TRUE(HasSetting(L"Path"));
 }
 
+TEST_F(StartupProcessTest, RunningInstanceListsTheTaskSubjects) {
+  AddTasks({L"Buy milk", L"", L"Call \u00c5sa"});
+  ChildProcess first(VELMO_TODO_BIN, {});
+  EXPECT_NE(first.WaitForLine("tasks: 3"), "") << first.error_output();
+  EXPECT_EQ(first.WaitForLine("start:"), "start: request=-1 oid=0");
+  EXPECT_NE(first.output().find("  Buy milk\n  \n  Call \xc3\x85sa\n"), std::string::npos)
+      << first.output();
+  first.CloseInput();
+  EXPECT_EQ(first.Wait(), 0);
+}
+
+TEST_F(StartupProcessTest, AfterSyncStoresTheDatabaseTimeOnlyWhenItChanged) {
+  const FILETIME before = AddTasks({L"one"});
+  EXPECT_EQ(RunToEnd(VELMO_TODO_BIN, {"AppRunAfterSync"}), 0);
+  EXPECT_EQ(DwordSetting(L"LastModifiedHigh"), before.dwHighDateTime);
+  EXPECT_EQ(DwordSetting(L"LastModifiedLow"), before.dwLowDateTime);
+  const FILETIME after = AddTasks({L"two"});
+  ASSERT_NE(after.dwLowDateTime, before.dwLowDateTime);
+  EXPECT_EQ(RunToEnd(VELMO_TODO_BIN, {"AppRunAfterSync"}), 0);
+  EXPECT_EQ(DwordSetting(L"LastModifiedLow"), after.dwLowDateTime);
+  EXPECT_FALSE(HasSetting(L"ReminderTime"));
+}
+
 TEST_F(StartupProcessTest, AfterSyncOnAFreshRootSavesNoIncompleteSettings) {
   std::string errors;
   EXPECT_EQ(RunToEnd(VELMO_TODO_BIN, {"AppRunAfterSync"}, &errors), 0);
@@ -101,6 +162,20 @@ TEST_F(StartupProcessTest, ForeignStringTableStopsTheStart) {
   EXPECT_EQ(start.Wait(), 0);
   EXPECT_EQ(start.error_output(), "Velmo ToDo List: Restart the device\n");
   EXPECT_EQ(start.output(), "");
+}
+
+TEST_F(StartupProcessTest, DamagedVolumeIsNamedAndLeftAlone) {
+  std::filesystem::create_directories(root() / "IPSM");
+  const std::string volume = (root() / "IPSM" / "mxip_initdb.vol").string();
+  const std::string garbage(4096, 'g');
+  std::ofstream(volume) << garbage;
+  ChildProcess first(VELMO_TODO_BIN, {});
+  EXPECT_NE(first.WaitForLine("tasks: 0"), "");
+  first.CloseInput();
+  EXPECT_EQ(first.Wait(), 0);
+  EXPECT_NE(first.error_output().find(volume), std::string::npos) << first.error_output();
+  std::ifstream in(volume);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), garbage);
 }
 
 TEST_F(StartupProcessTest, UnusableDeviceRootIsNamed) {
