@@ -26,6 +26,7 @@ constexpr Entry kTable[] = {
 #include "res/strings_links.inc"
 #include "res/strings_format.inc"
 #include "res/strings_cli.inc"
+#include "res/strings_ui.inc"
 };
 
 using Table = std::unordered_map<UINT, std::wstring>;

@@ -1,0 +1,42 @@
+// The screen of a real terminal, through ncursesw: colours as deep as the
+// terminal has them (true colour when its terminfo says so, else the nearest of
+// 256 or 8; $VELMO_COLOURS = truecolor, 256, 8 or mono lowers that), bold,
+// italic, underline and reverse; the keys of keymap.h with a short Esc delay;
+// size changes delivered as resize events.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/ui/screen.h"
+
+struct screen;
+
+namespace velmo::ui {
+
+class NcursesScreen : public Screen {
+ public:
+  // Starts curses on the terminal; nullptr when there is no usable terminal.
+  static std::unique_ptr<NcursesScreen> Open();
+  ~NcursesScreen() override;
+  NcursesScreen(const NcursesScreen&) = delete;
+  NcursesScreen& operator=(const NcursesScreen&) = delete;
+
+  void Present() override;
+  int InputFd() const override { return 0; }
+  bool ReadInput(InputEvent* event) override;
+  ColourDepth depth() const override { return depth_; }
+
+ private:
+  NcursesScreen(::screen* term, ColourDepth depth);
+
+  ::screen* term_;
+  ColourDepth depth_;
+  std::vector<Cell> shown_;  // what the terminal shows now; empty: unknown
+};
+
+// The colour depth a terminal with `colours` colours (and the RGB capability)
+// offers, lowered to what `override_name` ($VELMO_COLOURS) asks for.
+ColourDepth ChooseColourDepth(int colours, bool rgb, const char* override_name);
+
+}  // namespace velmo::ui
