@@ -96,7 +96,8 @@ void RouteInput(const InputEvent& event) {
       if (bar && IsWindowEnabled(active)) target = bar;
     }
   }
-  if (!target) return;
+  // A disabled window (under a modal dialog) takes no keys.
+  if (!target || !IsWindowEnabled(TopLevelOf(target))) return;
   PostKey(target, vk, ch);
 }
 

@@ -59,14 +59,14 @@ std::wstring After(const std::wstring& text) {
   return tab == std::wstring::npos ? std::wstring() : text.substr(tab + 1);
 }
 
-// Inner width: mark, number, space, text, gap and right-hand part, arrow, space.
+// Inner width: mark, number, space, text, gap, right-hand part or submenu arrow, space.
 int InnerWidth(const MenuData& menu) {
   int text = 0, right = 0;
   for (const MenuItem& item : menu.items) {
     text = std::max(text, TextWidth(Before(item.text)));
     right = std::max(right, TextWidth(After(item.text)));
   }
-  return 3 + text + (right ? 2 + right : 0) + 2;
+  return 3 + text + 2 + std::max(right, 1) + 1;
 }
 
 // Places a box of the menu: horizontally at x (right-aligned: ending at x),
@@ -133,7 +133,7 @@ void PaintLevel(Screen& screen, const Level& level) {
     std::wstring mark = item.flags & MF_CHECKED ? (item.flags & MFT_RADIOCHECK ? L"•" : L"✓") : L" ";
     std::wstring number = numbers[i] ? std::wstring(1, static_cast<wchar_t>(L'0' + numbers[i])) : L" ";
     PutText(screen, left, y, right, mark + number + L" " + Before(item.text), fg, row_bg, 0);
-    std::wstring tail = After(item.text) + (item.flags & MF_POPUP ? L" ▸" : L"  ");
+    std::wstring tail = (item.flags & MF_POPUP ? L"▸" : After(item.text)) + L" ";
     PutText(screen, right - TextWidth(tail), y, right, tail, fg, row_bg, 0);
   }
 }
