@@ -30,9 +30,10 @@ bool ReturnsDirectly(UINT msg) {
   return msg == WM_INITDIALOG || msg == WM_DRAWITEM || msg == WM_MEASUREITEM;
 }
 
+// By the control's own style: a dialog still hidden has its stops too.
 bool IsTabStop(HWND hwnd) {
-  return (GetWindowLongPtrW(hwnd, GWL_STYLE) & WS_TABSTOP) && IsWindowVisible(hwnd) &&
-         IsWindowEnabled(hwnd);
+  LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_STYLE);
+  return (style & WS_TABSTOP) && (style & WS_VISIBLE) && !(style & WS_DISABLED);
 }
 
 HWND MakeDialog(const DLGTEMPLATEW* tmpl, HWND owner, DLGPROC proc, LPARAM init_param) {
