@@ -6,11 +6,10 @@
 
 #include "platform/wintypes.h"
 
-struct HWND__;
+// HWND, COPYDATASTRUCT and the messages that cross modules are in wintypes.h.
 struct HMENU__;
 struct HDC__;
 struct HGDIOBJ__;
-using HWND = HWND__*;
 using HMENU = HMENU__*;
 using HDC = HDC__*;
 using HGDIOBJ = HGDIOBJ__*;
@@ -23,7 +22,6 @@ using HCURSOR = void*;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using LONG_PTR = std::intptr_t;
-using ULONG_PTR = std::uintptr_t;
 using ATOM = WORD;
 using COLORREF = DWORD;
 using LPVOID = void*;
@@ -104,12 +102,6 @@ struct CREATESTRUCTW {
   LPCWSTR lpszName;
   LPCWSTR lpszClass;
   DWORD dwExStyle;
-};
-
-struct COPYDATASTRUCT {
-  ULONG_PTR dwData;
-  DWORD cbData;
-  LPVOID lpData;
 };
 
 struct PAINTSTRUCT {
