@@ -54,8 +54,13 @@ bool Cursor::Fill(Volume* volume, CEOID db, std::uint64_t from, size_t max_rows)
 bool Cursor::Fetch(Volume* volume, CEOID db, std::uint64_t from, bool* found, CEOID* oid,
                    const BYTE** bytes, size_t* size) {
   if (!Covers(*volume, from) && !Fill(volume, db, from, kMaxRows)) return false;
-  auto row = std::lower_bound(rows_.begin(), rows_.end(), from,
-                              [](const Row& r, std::uint64_t v) { return r.oid < v; });
+  // A sequential walk asks for the row after the last one served: try it first.
+  auto row = rows_.begin() + static_cast<std::ptrdiff_t>(std::min(next_row_, rows_.size()));
+  bool hint_fits = (row == rows_.end() || row->oid >= from) && (row == rows_.begin() || row[-1].oid < from);
+  if (!hint_fits)
+    row = std::lower_bound(rows_.begin(), rows_.end(), from,
+                           [](const Row& r, std::uint64_t v) { return r.oid < v; });
+  next_row_ = static_cast<size_t>(row - rows_.begin()) + 1;
   *found = row != rows_.end();
   if (*found) {
     *oid = row->oid;

@@ -50,6 +50,7 @@ class Cursor {
   std::uint64_t generation_ = 0;
   std::int64_t fetched_ms_ = 0;
   std::vector<Row> rows_;
+  size_t next_row_ = 0;  // where the next sequential read's row should be
   std::string bytes_;
 };
 

@@ -30,12 +30,13 @@ struct State {
   DWORD next_mount = 1;
   std::map<std::uintptr_t, std::unique_ptr<DbHandle>> handles;
   std::uintptr_t next_handle = 0x10000;
+  State* inherited = nullptr;  // the parent's, kept reachable but never used
 };
 
 std::mutex g_lock;
 State* g_state = new State;
 [[maybe_unused]] const int g_fork_handler =
-    pthread_atfork(nullptr, nullptr, [] { g_state = new State; });
+    pthread_atfork(nullptr, nullptr, [] { g_state = new State{.inherited = g_state}; });
 
 State& Current() { return *g_state; }
 
