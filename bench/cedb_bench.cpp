@@ -227,3 +227,22 @@ void BM_BatchedWriteTwoProps100k(benchmark::State& state) {
 BENCHMARK(BM_BatchedWriteTwoProps100k)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
+
+namespace {
+
+// What the message loop pays on each look at an unchanged database.
+void BM_PollChangesUnchanged(benchmark::State& state) {
+  TaskVolume& v = Tasks2550();
+  CENOTIFYREQUEST request{sizeof(CENOTIFYREQUEST), nullptr, CEDB_EXNOTIFICATION, nullptr, 0};
+  CEOID oid = v.db;
+  HANDLE watcher = CeOpenDatabaseEx(&v.guid, &oid, nullptr, 0, 0, &request);
+  std::vector<velmo::cedb::DbChange> changes;
+  for (auto _ : state) {
+    velmo::cedb::PollChanges(watcher, &changes);
+    benchmark::DoNotOptimize(changes.size());
+  }
+  CeCloseHandle(watcher);
+}
+BENCHMARK(BM_PollChangesUnchanged)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
