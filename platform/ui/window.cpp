@@ -163,7 +163,8 @@ void DestroyAllWindows() {
   while (!sys.top_levels.empty()) {
     HWND top = sys.top_levels.back();
     DestroyWindow(top);
-    if (!sys.top_levels.empty() && sys.top_levels.back() == top) Unlink(Find(top));
+    // A window that could not go (destroyed already, mid-way) leaves the list anyway.
+    if (!sys.top_levels.empty() && sys.top_levels.back() == top) sys.top_levels.pop_back();
   }
   sys.focus = nullptr;
   sys.active = nullptr;
