@@ -31,16 +31,15 @@ void InitialiseSettings() {
 }
 
 // The device folder, and the volume and databases of a working device made on an
-// empty root. Only a folder that cannot be used stops the start; a volume that
-// cannot be made or read is reported, and the run goes on without tasks.
+// empty root. Only a folder that cannot be used stops the start; the run goes on
+// without tasks when the volume cannot be made or read.
 bool PrepareDevice() {
   if (!device::EnsureRoot()) {
     std::fprintf(stderr, "velmo-todo: cannot use the device folder %s\n",
                  device::Root().c_str());
     return false;
   }
-  if (!cedb::EnsureDeviceVolume())
-    std::fprintf(stderr, "velmo-todo: %s\n", cedb::LastFailure().c_str());
+  cedb::EnsureDeviceVolume();  // its failure is reported when the tasks are read
   return true;
 }
 
