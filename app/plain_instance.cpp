@@ -75,6 +75,12 @@ std::string DescribeHandover(const HandoverRequest& request) {
 
 int RunPlainInstance(const StartRequest& start) {
   const int signals = SignalDescriptor();
+  // The window exists from here on: a second instance now finds it.
+  ipc::Listener listener;
+  if (!listener.Open(kMainWindowClass)) {
+    if (signals >= 0) close(signals);
+    return 0;
+  }
   std::vector<std::wstring> subjects;
   if (!ReadTaskSubjects(CurrentSettings(), &subjects))
     std::fprintf(stderr, "velmo-todo: %s\n", cedb::LastFailure().c_str());
@@ -82,13 +88,6 @@ int RunPlainInstance(const StartRequest& start) {
   for (const std::wstring& subject : subjects) PrintLine("  " + ToUtf8(subject));
   PrintLine("start: request=" + std::to_string(start.request) +
             " oid=" + std::to_string(start.task_oid));
-
-  // The window exists from here on: a second instance now finds it.
-  ipc::Listener listener;
-  if (!listener.Open(kMainWindowClass)) {
-    if (signals >= 0) close(signals);
-    return 0;
-  }
   ipc::Handlers handlers;
   handlers.copy_data = [](ULONG_PTR code, DWORD size, const BYTE* bytes) -> LRESULT {
     PrintLine(DescribeHandover(DecodeHandover(code, size, bytes, bytes ? size : 0)));

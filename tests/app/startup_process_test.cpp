@@ -97,10 +97,12 @@ TEST_F(StartupProcessTest, SecondInstanceHandsItsRequestOver) {
       {{"apprunaftersync"}, "hand-over: dismiss dialogs"},
   };
   for (const Case& c : cases) {
-    std::string errors;
-    EXPECT_EQ(RunToEnd(VELMO_TODO_BIN, c.args, &errors), 0) << errors;
+    ChildProcess second(VELMO_TODO_BIN, c.args);
+    second.CloseInput();
+    EXPECT_EQ(second.Wait(), 0) << second.error_output();
     // The hand-over is synchronous: the line is out before the second one ends.
-    EXPECT_EQ(first.WaitForLine("hand-over:", std::chrono::milliseconds(2000)), c.printed);
+    EXPECT_EQ(first.WaitForLine("hand-over:", std::chrono::milliseconds(2000)), c.printed)
+        << "second instance printed: " << second.output() << second.error_output();
   }
   first.CloseInput();
   EXPECT_EQ(first.Wait(), 0);
