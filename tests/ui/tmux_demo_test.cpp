@@ -11,16 +11,8 @@
 #include <string>
 #include <thread>
 
-#include "platform/ui/desktop.h"
-#include "platform/ui/gdi.h"
-#include "platform/ui/hotkeys.h"
-#include "platform/ui/list_view.h"
-#include "platform/ui/menu.h"
-#include "platform/ui/message_box.h"
 #include "platform/ui/screen_ncurses.h"
-#include "platform/ui/softkey_bar.h"
-#include "platform/ui/virtual_keys.h"
-#include "platform/ui/window.h"
+#include "platform/ui/winuser.h"
 
 namespace velmo::testing {
 namespace {
