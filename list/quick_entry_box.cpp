@@ -6,6 +6,7 @@
 #include "categories/category_state.h"
 #include "list/quick_entry.h"
 #include "platform/ui/edit.h"
+#include "platform/ui/message_queue.h"
 #include "platform/ui/messages.h"
 #include "platform/ui/virtual_keys.h"
 #include "platform/ui/window.h"

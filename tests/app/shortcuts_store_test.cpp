@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "app/shortcut_actions.h"
+#include "app/shortcut_apps.h"
+#include "app/shortcut_store.h"
+#include "platform/registry.h"
+#include "settings/registry_io.h"
+#include "tests/support/temp_root.h"
+
+namespace velmo {
+namespace {
+
+using ShortcutsStoreTest = testing::DeviceTest;
+
+std::vector<BYTE> StoredShortcuts(DWORD* type) {
+  HKEY key = nullptr;
+  EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kSettingsKey, 0, KEY_READ, &key), ERROR_SUCCESS);
+  std::vector<BYTE> bytes(64);
+  DWORD size = static_cast<DWORD>(bytes.size());
+  RegQueryValueExW(key, L"Shortcuts", nullptr, type, bytes.data(), &size);
+  RegCloseKey(key);
+  bytes.resize(size);
+  return bytes;
+}
+
+void WriteRaw(DWORD type, const std::vector<BYTE>& bytes) {
+  HKEY key = nullptr;
+  RegCreateKeyExW(HKEY_CURRENT_USER, kSettingsKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
+                  nullptr);
+  RegSetValueExW(key, L"Shortcuts", 0, type, bytes.data(), static_cast<DWORD>(bytes.size()));
+  RegCloseKey(key);
+}
+
+bool WaitForFile(const std::filesystem::path& file) {
+  for (int i = 0; i < 200 && !std::filesystem::exists(file); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return std::filesystem::exists(file);
+}
+
+TEST_F(ShortcutsStoreTest, SavedAsFortyTwoLittleEndianBytesAndReadBack) {
+  ShortcutTable b = kDefaultShortcuts;
+  b[0] = 0x0102;
+  b[20] = 70;
+  Settings s;
+  ASSERT_EQ(SaveShortcutBindings(b, s), ERROR_SUCCESS);
+  EXPECT_EQ(s.shortcuts, b);
+  DWORD type = 0;
+  std::vector<BYTE> bytes = StoredShortcuts(&type);
+  EXPECT_EQ(type, REG_BINARY);
+  ASSERT_EQ(bytes.size(), 42u);
+  EXPECT_EQ(bytes[0], 0x02);
+  EXPECT_EQ(bytes[1], 0x01);
+  EXPECT_EQ(bytes[40], 70);
+  ShortcutTable read{};
+  EXPECT_TRUE(ReadShortcutBindings(&read));
+  EXPECT_EQ(read, b);
+}
+
+TEST_F(ShortcutsStoreTest, AnyOtherValueLeavesTheDefaults) {
+  ShortcutTable read{};
+  EXPECT_FALSE(ReadShortcutBindings(&read));  // missing
+  EXPECT_EQ(read, kDefaultShortcuts);
+  struct Case { DWORD type; size_t size; } cases[] = {{REG_BINARY, 40}, {REG_BINARY, 44}, {REG_DWORD, 42}};
+  for (const Case& c : cases) {
+    WriteRaw(c.type, std::vector<BYTE>(c.size, 1));
+    read.fill(7);
+    EXPECT_FALSE(ReadShortcutBindings(&read)) << c.size;
+    EXPECT_EQ(read, kDefaultShortcuts);
+  }
+}
+
+TEST(ShortcutsPage, RowsSelectTheStoredChoicesAndGiveThemBack) {
+  ShortcutTable b = kDefaultShortcuts;
+  b[3] = 49;   // list position 2
+  b[4] = 999;  // in no list: shown as "Nothing", saved as 0
+  b[kSlotBackKey] = kBackKeyDefaultViewOrExit;
+  ShortcutPage page = MakeShortcutPage(b);
+  EXPECT_EQ(page[3].selected, 2);
+  EXPECT_EQ(page[4].selected, 0);
+  EXPECT_EQ(page[kSlotLeftMenu].choices.size(), 7u);
+  EXPECT_EQ(page[kSlotBackKey].choices.size(), 4u);
+  EXPECT_EQ(page[kSlotTalkKey].choices.size(), 71u);
+  EXPECT_EQ(page[kSlotBackKey].selected, 3);
+  ShortcutTable back = ShortcutsFromPage(page);
+  b[4] = 0;
+  EXPECT_EQ(back, b);
+  page[kSlotLeftMenu].selected = 6;
+  page[kSlotNavLeft].selected = 70;
+  page[kSlotNavRight].selected = 500;  // outside the choices: the first
+  back = ShortcutsFromPage(page);
+  EXPECT_EQ(back[kSlotLeftMenu], 6);
+  EXPECT_EQ(back[kSlotNavLeft], 70);
+  EXPECT_EQ(back[kSlotNavRight], 0);
+}
+
+TEST(ShortcutApps, ShortcutFilesByPlatformVersion) {
+  struct Case { UINT command; DWORD major; const wchar_t* file; } cases[] = {
+      {39974, 5, L"\\Calendar.lnk"},      {39976, 3, L"\\Inbox.lnk"},
+      {39976, 4, L"\\Messaging.lnk"},     {39979, 4, L"\\MSN Messenger.lnk"},
+      {39979, 5, L"\\Pocket MSN.lnk"},    {39970, 3, L"\\Notes.lnk"},
+      {39970, 5, L"\\Voice Notes.lnk"},   {39981, 5, L"\\Settings.lnk"},
+  };
+  for (const Case& c : cases) EXPECT_STREQ(AppShortcutFile(c.command, c.major), c.file);
+  EXPECT_EQ(AppShortcutFile(40004), nullptr);
+  EXPECT_EQ(AppLaunchName(39977), L"Call History");
+  // Every App: action of the table names a shortcut.
+  for (const ShortcutAction& a : kShortcutActions) {
+    bool app = a.command >= kFirstAppCommand && a.command <= kLastAppCommand;
+    EXPECT_EQ(IsAppCommand(a.command), app) << a.command;
+  }
+}
+
+TEST_F(ShortcutsStoreTest, AppCommandStartsTheLaunchCommandSetForIt) {
+  const std::filesystem::path made = root() / "calendar started";
+  EXPECT_FALSE(StartAppShortcut(39974));  // nothing set: nothing happens
+  ASSERT_EQ(WriteLaunchCommand(L"Calendar", {L"touch", made.wstring()}), ERROR_SUCCESS);
+  EXPECT_EQ(ReadLaunchCommand(L"Calendar"), (std::vector<std::wstring>{L"touch", made.wstring()}));
+  EXPECT_TRUE(StartAppShortcut(39974));
+  EXPECT_TRUE(WaitForFile(made));
+  EXPECT_FALSE(StartAppShortcut(39975));  // Contacts is still unset
+
+  // A plain string is a program without arguments; a missing program fails.
+  HKEY key = nullptr;
+  RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Velmo ToDo\\Applications", 0, nullptr, 0,
+                  KEY_ALL_ACCESS, nullptr, &key, nullptr);
+  const wchar_t program[] = L"velmo-no-such-program";
+  RegSetValueExW(key, L"Contacts", 0, REG_SZ, reinterpret_cast<const BYTE*>(program),
+                 sizeof program);
+  RegCloseKey(key);
+  EXPECT_EQ(ReadLaunchCommand(L"Contacts"), std::vector<std::wstring>{program});
+  EXPECT_FALSE(StartAppShortcut(39975));
+}
+
+}  // namespace
+}  // namespace velmo

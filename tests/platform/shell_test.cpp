@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <thread>
+
+#include "platform/lasterror.h"
+#include "platform/shell.h"
+#include "tests/support/temp_root.h"
+
+namespace velmo {
+namespace {
+
+using ShellTest = testing::DeviceTest;
+
+bool WaitForFile(const std::filesystem::path& file) {
+  for (int i = 0; i < 200 && !std::filesystem::exists(file); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return std::filesystem::exists(file);
+}
+
+TEST_F(ShellTest, ArgumentsReachTheProgramAsTheyAre) {
+  // Text a shell would expand or split names one file, exactly.
+  const std::filesystem::path file = root() / "a b;$(echo x) 'q' *";
+  ASSERT_TRUE(shell::Spawn({L"touch", file.wstring()}));
+  EXPECT_TRUE(WaitForFile(file));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(root()),
+                          std::filesystem::directory_iterator()),
+            1);
+}
+
+TEST_F(ShellTest, FailuresSetTheLastError) {
+  struct Case { std::vector<std::wstring> argv; DWORD error; } cases[] = {
+      {{}, ERROR_INVALID_PARAMETER},
+      {{L""}, ERROR_INVALID_PARAMETER},
+      {{L"velmo-no-such-program"}, ERROR_FILE_NOT_FOUND},
+      {{(root() / "not-executable").wstring()}, ERROR_FILE_NOT_FOUND},
+  };
+  std::FILE* f = std::fopen((root() / "not-executable").c_str(), "w");
+  std::fclose(f);
+  for (const Case& c : cases) {
+    EXPECT_FALSE(shell::Spawn(c.argv));
+    EXPECT_EQ(GetLastError(), c.error);
+  }
+}
+
+TEST_F(ShellTest, OpenHandsTheFileToTheOpener) {
+  setenv("VELMO_OPENER", "touch", 1);
+  const std::filesystem::path file = root() / "opened.txt";
+  SHELLEXECUTEINFO info{sizeof info};
+  info.lpVerb = L"open";
+  std::wstring name = file.wstring();
+  info.lpFile = name.c_str();
+  EXPECT_TRUE(ShellExecuteEx(&info));
+  EXPECT_TRUE(WaitForFile(file));
+  info.lpVerb = L"print";
+  EXPECT_FALSE(ShellExecuteEx(&info));
+  EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+  info.lpVerb = nullptr;
+  info.lpParameters = L"-x";
+  EXPECT_FALSE(ShellExecuteEx(&info));
+  unsetenv("VELMO_OPENER");
+}
+
+}  // namespace
+}  // namespace velmo
