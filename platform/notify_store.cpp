@@ -1,5 +1,7 @@
 #include "platform/notify_store.h"
 
+#include <sys/stat.h>
+
 #include "platform/device.h"
 #include "platform/lasterror.h"
 
@@ -13,7 +15,24 @@ constexpr const char* kSchema =
     "CREATE TABLE IF NOT EXISTS run_at_event("
     "  app TEXT NOT NULL,"
     "  event INTEGER NOT NULL,"
-    "  PRIMARY KEY(app, event));";
+    "  PRIMARY KEY(app, event));"
+    // Handles count up and are never reused; times are local, as
+    // 'YYYY-MM-DD HH:MM:SS.mmm' so that they sort.
+    "CREATE TABLE IF NOT EXISTS user_notifications("
+    "  handle INTEGER PRIMARY KEY AUTOINCREMENT,"
+    "  status INTEGER NOT NULL DEFAULT 0,"
+    "  type INTEGER NOT NULL,"
+    "  event INTEGER NOT NULL,"
+    "  application TEXT NOT NULL,"
+    "  arguments TEXT NOT NULL,"
+    "  start_time TEXT NOT NULL,"
+    "  end_time TEXT NOT NULL,"
+    "  has_dialog INTEGER NOT NULL,"
+    "  action_flags INTEGER NOT NULL,"
+    "  title TEXT NOT NULL,"
+    "  text TEXT NOT NULL,"
+    "  sound TEXT NOT NULL,"
+    "  max_sound INTEGER NOT NULL);";
 
 thread_local std::string t_failure;
 
@@ -25,6 +44,12 @@ sqlite3* Fail(sqlite3* db, DWORD error, const std::string& text) {
 }
 
 }  // namespace
+
+StoreStatement PrepareStore(sqlite3* db, const char* sql) {
+  sqlite3_stmt* s = nullptr;
+  sqlite3_prepare_v2(db, sql, -1, &s, nullptr);
+  return StoreStatement(s);
+}
 
 std::string StoreFilePath() { return (device::Root() / "notify.db").string(); }
 
@@ -52,6 +77,60 @@ sqlite3* OpenStore() {
   }
   t_failure.clear();
   return db;
+}
+
+namespace {
+
+struct ThreadConnection {
+  std::string path;
+  ino_t inode = 0;
+  sqlite3* db = nullptr;
+  int batch_depth = 0;
+  ~ThreadConnection() { sqlite3_close(db); }
+};
+
+thread_local ThreadConnection t_connection;
+
+ino_t InodeOf(const std::string& path) {
+  struct stat st;
+  return ::stat(path.c_str(), &st) == 0 ? st.st_ino : 0;
+}
+
+}  // namespace
+
+sqlite3* ThreadStore() {
+  ThreadConnection& c = t_connection;
+  const std::string path = StoreFilePath();
+  if (c.db && c.path == path && c.inode == InodeOf(path)) return c.db;
+  sqlite3_close(c.db);
+  c.db = OpenStore();
+  c.batch_depth = 0;
+  if (!c.db) return nullptr;
+  // WAL commits stay atomic; they need not reach the disk before the call returns.
+  sqlite3_exec(c.db, "PRAGMA synchronous=NORMAL", nullptr, nullptr, nullptr);
+  c.path = path;
+  c.inode = InodeOf(path);
+  return c.db;
+}
+
+bool BeginStoreBatch() {
+  sqlite3* db = ThreadStore();
+  if (!db) return false;
+  if (t_connection.batch_depth++ > 0) return true;
+  if (sqlite3_exec(db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK) return true;
+  t_connection.batch_depth = 0;
+  SetLastError(ERROR_LOCK_VIOLATION);
+  return false;
+}
+
+bool EndStoreBatch() {
+  ThreadConnection& c = t_connection;
+  if (!c.db || c.batch_depth == 0) return false;
+  if (--c.batch_depth > 0) return true;
+  if (sqlite3_exec(c.db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK) return true;
+  sqlite3_exec(c.db, "ROLLBACK", nullptr, nullptr, nullptr);
+  SetLastError(ERROR_WRITE_FAULT);
+  return false;
 }
 
 }  // namespace velmo::notify

@@ -4,9 +4,24 @@
 
 #include <sqlite3.h>
 
+#include <memory>
 #include <string>
 
 namespace velmo::notify {
+
+// A connection and a statement of the file, closed when they go.
+struct CloseStoreDb {
+  void operator()(sqlite3* db) const { sqlite3_close(db); }
+};
+using StoreDb = std::unique_ptr<sqlite3, CloseStoreDb>;
+
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* s) const { sqlite3_finalize(s); }
+};
+using StoreStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+// Null when the statement cannot be prepared.
+StoreStatement PrepareStore(sqlite3* db, const char* sql);
 
 // The file of the current device root.
 std::string StoreFilePath();
@@ -16,6 +31,18 @@ std::string StoreFilePath();
 // error set on failure (the file is never replaced); StoreFailure() then names
 // the file and the cause. The caller closes the connection with sqlite3_close.
 sqlite3* OpenStore();
+
+// This thread's own connection to the file of the current device root, kept open
+// between calls (reopened when the root or the file changes) so that many calls
+// in a row stay cheap. Owned by the module: the caller never closes it. Null with
+// the last error set on failure, like OpenStore.
+sqlite3* ThreadStore();
+
+// Groups this thread's writes of user notifications until EndStoreBatch into one
+// transaction (nested pairs count). False when the file cannot be locked or the
+// commit fails.
+bool BeginStoreBatch();
+bool EndStoreBatch();
 
 // The last failure of OpenStore in this thread, naming the file.
 std::string StoreFailure();
