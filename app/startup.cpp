@@ -1,6 +1,9 @@
 #include "app/startup.h"
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <memory>
 
 #include "app/command_line.h"
 #include "app/plain_instance.h"
@@ -10,6 +13,9 @@
 #include "platform/device.h"
 #include "platform/ipc.h"
 #include "platform/lasterror.h"
+#include "platform/ui/desktop.h"
+#include "platform/ui/message_box.h"
+#include "platform/ui/screen_ncurses.h"
 #include "platform/wstr.h"
 #include "settings/settings.h"
 #include "store/after_sync.h"
@@ -46,8 +52,15 @@ bool PrepareDevice() {
 }  // namespace
 
 void ShowStartupError(std::wstring_view text) {
-  // A message box with the error icon, once the terminal has windows; until then
-  // standard error, with the lines of the text as lines.
+  // A message box on the terminal when there is one; the text also goes to
+  // standard error, where it stays after the screen is given back.
+  if (isatty(STDIN_FILENO) && isatty(STDOUT_FILENO)) {
+    if (std::unique_ptr<ui::NcursesScreen> screen = ui::NcursesScreen::Open()) {
+      ui::ScopedScreen attached(screen.get());
+      const std::wstring message(text);
+      MessageBoxW(nullptr, message.c_str(), kMainWindowClass, MB_ICONHAND);
+    }
+  }
   std::string line;
   for (const char c : ToUtf8(text))
     if (c != '\r') line += c;
