@@ -1,6 +1,8 @@
 // The list's look as the Appearance settings make it: the colour settings turned
 // into colours, the font styles, the gradient, the packed information choices,
 // and whether the list is compact (one line per task) or normal (two lines).
+// "FontSize", "NotesFontSize" and "FontQuality" have no meaning on a terminal's
+// fixed cells: the terminal's own font shows every size.
 #pragma once
 
 #include <array>
