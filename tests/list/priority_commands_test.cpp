@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "list/priority_commands.h"
+#include "platform/poom_props.h"
+#include "tests/platform/poom_fixture.h"
 
 namespace velmo {
 namespace {
@@ -33,3 +35,38 @@ TEST(PriorityCommands, StepsAndSetsFromEveryPriority) {
 
 }  // namespace
 }  // namespace velmo
+
+namespace velmo::testing {
+namespace {
+
+using PriorityOnItemTest = PoomTest;
+
+TEST_F(PriorityOnItemTest, ChangedPrioritySavesAndKeepsTheReminderPending) {
+  CEOID oid = NewTask(L"Stepped");
+  Task record;
+  record.reminder_time = MakeDate(2025, 3, 14, 8);
+  struct Step { UINT command; HRESULT result; LONG stored; } steps[] = {
+      {kCmdPriorityNormal, S_FALSE, 2},  // already Normal: no save
+      {kCmdPriorityUp, S_OK, 1},         // the record's encoding: 1 high
+      {kCmdPriorityUp, S_FALSE, 1},
+      {kCmdPriorityCycle, S_OK, 3},      // High wraps to Low (3)
+      {kCmdPriorityDown, S_FALSE, 3},
+  };
+  for (const Step& s : steps) {
+    record.pending_reminder_time = kNoDate;
+    PriorityRequest request{};
+    bool wrap = false;
+    PriorityCommandRequest(s.command, &request, &wrap);
+    Ref<ITask> item;
+    ASSERT_EQ(app_->GetItemFromOid(oid, &item), S_OK);
+    EXPECT_EQ(SetTaskPriority(item.p, &record, request, wrap), s.result) << s.command;
+    EXPECT_EQ(record.pending_reminder_time, s.result == S_OK ? record.reminder_time : kNoDate);
+    auto raw = Raw(oid);
+    LONG stored = raw.count(poom::kPropImportance) ? raw[poom::kPropImportance].number : 2;
+    EXPECT_EQ(stored, s.stored) << s.command;
+  }
+  EXPECT_EQ(SetTaskPriority(nullptr, &record, PriorityRequest::kHigh, false), E_POINTER);
+}
+
+}  // namespace
+}  // namespace velmo::testing
