@@ -2,35 +2,33 @@
 
 #include "platform/cedb.h"
 #include "settings/settings.h"
+#include "store/connection.h"
+#include "store/store_session.h"
+#include "store/table_load.h"
+#include "store/task_table.h"
 
 namespace velmo {
 
 void RunAfterSyncPass() {
   Settings& settings = CurrentSettings();
-  LoadSettings(settings);
+  LoadSettings(settings);  // an incomplete load is saved by the next interactive start
 
-  CEGUID volume;
-  if (!CeMountDBVol(&volume, settings.db_path.c_str(), OPEN_EXISTING)) CREATE_INVALIDGUID(&volume);
-
-  CEOID database = 0;
-  HANDLE db = CeOpenDatabaseEx(&volume, &database, settings.tasks_database.c_str(), 0,
-                               CEDB_AUTOINCREMENT, nullptr);
-  if (db != INVALID_HANDLE_VALUE) {
-    CEOIDINFOEX info{};
-    info.wVersion = CEOIDINFOEX_VERSION;
-    if (CeOidGetInfoEx(&volume, database, &info) && info.wObjType == OBJTYPE_DATABASE) {
-      const FILETIME modified = info.infDatabase.ftLastModified;
-      const bool unchanged = modified.dwLowDateTime == settings.last_modified.dwLowDateTime &&
-                             modified.dwHighDateTime == settings.last_modified.dwHighDateTime;
-      if (!unchanged) {
-        // The reminder check of every record (object model log-on, one read per
-        // counted record) joins here with the reminder module.
-        SaveLastModified(modified, settings);
-      }
-    }
-    CeCloseHandle(db);
+  StoreConnection& store = Store();
+  CEDBASEINFOEX info{};
+  if (OpenTasksDatabaseHandle(nullptr, false, 0) && ReadTasksDatabaseInfo(&info) &&
+      !SameFileTime(info.ftLastModified, settings.last_modified) && LogOnObjectModel(nullptr)) {
+    // Every record, without the interactive cap; the writes of the reminder
+    // checks go to the volume as one transaction.
+    const bool batch = cedb::BeginWriteBatch(&store.volume);
+    ReadRecords(info.dwNumRecords, true);
+    const bool written = !batch || cedb::EndWriteBatch(&store.volume);
+    FreeReadBuffer();
+    FreeTaskTable();
+    // A lost batch leaves the stored time behind, so the next pass tries again.
+    if (written && ReadTasksDatabaseInfo(&info)) SaveLastModified(info.ftLastModified, settings);
+    LogOffObjectModel();
   }
-  if (!CHECK_INVALIDGUID(&volume)) CeUnmountDBVol(&volume);
+  CloseTasksDatabase();
 }
 
 }  // namespace velmo

@@ -1,0 +1,20 @@
+// The sequential read shared by the table's load and the after-synchronisation
+// pass.
+#pragma once
+
+#include <cstddef>
+
+#include "platform/wintypes.h"
+
+namespace velmo {
+
+inline bool SameFileTime(const FILETIME& a, const FILETIME& b) {
+  return a.dwLowDateTime == b.dwLowDateTime && a.dwHighDateTime == b.dwHighDateTime;
+}
+
+// Seeks to the first record and reads `count` records one after another into
+// the table (a record that cannot be read is skipped but counted), each with
+// the reminder check when asked.
+void ReadRecords(size_t count, bool check_reminder);
+
+}  // namespace velmo

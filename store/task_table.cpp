@@ -1,0 +1,68 @@
+#include "store/task_table.h"
+
+#include <algorithm>
+
+#include "categories/category_filter.h"
+#include "reminders/reminder_check.h"
+#include "reminders/today_task.h"
+#include "settings/settings.h"
+#include "store/connection.h"
+#include "store/record_reader.h"
+#include "store/table_load.h"
+
+namespace velmo {
+
+TaskTable& Tasks() {
+  static TaskTable table;
+  return table;
+}
+
+BOOL ReadTask(Task* entry, CEOID oid, bool check_reminder) {
+  ReadContext context;
+  if (entry) context = {true, entry->reminder_time, entry->pending_reminder_time};
+  auto task = std::make_unique<Task>();
+  if (!ReadTaskRecord(task.get(), oid)) return FALSE;
+  if (check_reminder) CheckReminder(task.get(), context);
+  if (entry)
+    *entry = std::move(*task);
+  else
+    Tasks().push_back(std::move(task));
+  return TRUE;
+}
+
+BOOL LoadTaskTable(size_t limit) {
+  StoreConnection& store = Store();
+  if (!store.reload) return FALSE;
+  store.reload = false;
+  FreeTaskTable();
+
+  CEDBASEINFOEX info{};
+  const bool known = ReadTasksDatabaseInfo(&info);
+  const bool changed = known && !SameFileTime(info.ftLastModified, CurrentSettings().last_modified);
+  ReadRecords(known ? std::min<size_t>(info.dwNumRecords, limit) : 0, changed);
+
+  FreeReadBuffer();
+  if (ReadTasksDatabaseInfo(&info)) SaveLastModified(info.ftLastModified);
+  MarkCategoryUse(Tasks());
+  UpdateTodayTask(false);
+  return TRUE;
+}
+
+void FreeTaskTable() {
+  TaskTable& table = Tasks();
+  for (auto& task : table) {
+    task->oid = 0;
+    task->pending_reminder_time = kNoDate;
+  }
+  table.clear();
+  ClearTodayTask();
+}
+
+int FindTask(CEOID oid) {
+  const TaskTable& table = Tasks();
+  const auto it = std::find_if(table.begin(), table.end(),
+                               [oid](const auto& task) { return task->oid == oid; });
+  return it == table.end() ? -1 : static_cast<int>(it - table.begin());
+}
+
+}  // namespace velmo
