@@ -14,6 +14,13 @@ using velmo::cli::Subcommand;
 constexpr Subcommand kSubcommands[] = {
     {"reg", "reg export [KEY] | reg import FILE   settings in registry-export text form",
      velmo::cli::RunReg},
+    {"list", "list                                     every task, one line each (tab-separated)",
+     velmo::cli::RunList},
+    {"add", "add SUBJECT [--start DATE] [--due DATE] [--reminder DATE-TIME] [--priority P]\n"
+            "      [--categories TEXT] [--notes TEXT] [--private] [--complete]   add a task",
+     velmo::cli::RunAdd},
+    {"demo", "demo N                                   add N made-up tasks",
+     velmo::cli::RunDemo},
 };
 
 void PrintHelp(std::FILE* out) {

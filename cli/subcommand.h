@@ -12,5 +12,8 @@ struct Subcommand {
 
 // Every subcommand, defined in cli/<name>_command.cpp, listed in cli/main.cpp.
 int RunReg(int argc, char** argv);
+int RunList(int argc, char** argv);
+int RunAdd(int argc, char** argv);
+int RunDemo(int argc, char** argv);
 
 }  // namespace velmo::cli
