@@ -1,0 +1,93 @@
+// velmo add, velmo list and velmo demo on a device, as a user runs them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ctime>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/app/child_process.h"
+#include "tests/support/temp_root.h"
+
+namespace velmo::testing {
+namespace {
+
+class CompanionStoreTest : public DeviceTest {
+ protected:
+  // Runs velmo; returns its exit code, with standard output and error.
+  int Velmo(const std::vector<std::string>& args, std::string* out = nullptr, std::string* err = nullptr) {
+    ChildProcess child(VELMO_BIN, args);
+    const int code = child.Wait(std::chrono::seconds(60));
+    if (out) *out = child.output();
+    if (err) *err = child.error_output();
+    return code;
+  }
+  std::vector<std::string> ListLines() {
+    std::string out;
+    EXPECT_EQ(Velmo({"list"}, &out), 0);
+    std::vector<std::string> lines;
+    std::istringstream in(out);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+  }
+};
+
+TEST_F(CompanionStoreTest, AddedTasksListInDatabaseOrder) {
+  std::string first, second;
+  ASSERT_EQ(Velmo({"add", "Buy tyres", "--start", "2031-03-01", "--due", "2031-03-04", "--reminder",
+                   "2031-03-04T09:30", "--priority", "high", "--categories", "Car,Errands", "--notes",
+                   "Call 0171 2345678", "--private"},
+                  &first),
+            0);
+  ASSERT_EQ(Velmo({"add", "Tax\treturn", "--priority", "low", "--complete"}, &second), 0);
+  const std::vector<std::string> lines = ListLines();
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0], first.substr(0, first.size() - 1) +
+                          "\tBuy tyres\t2031-03-01\t2031-03-04\t2031-03-04T09:30\t\thigh\tCar,Errands");
+  char today[16];
+  const time_t now = time(nullptr);
+  std::strftime(today, sizeof today, "%Y-%m-%d", localtime(&now));
+  EXPECT_EQ(lines[1], second.substr(0, second.size() - 1) + "\tTax return\t\t\t\t" + today + "\tlow\t");
+}
+
+TEST_F(CompanionStoreTest, RefusalsAndBadArgumentsExitNonZero) {
+  const struct {
+    std::vector<std::string> args;
+    int code;
+    const char* says;
+  } cases[] = {
+      {{"add", "No due", "--reminder", "2031-03-04T09:30"}, 1, "Reminder"},
+      {{"add", "Backwards", "--start", "2031-03-05", "--due", "2031-03-04"}, 1, "Date"},
+      {{"add", "Bad", "--due", "2031-02-30"}, 2, "2031-02-30"},
+      {{"add", "Bad", "--priority", "urgent"}, 2, "urgent"},
+      {{"add"}, 2, "usage"},
+      {{"demo", "0"}, 2, "usage"},
+  };
+  for (const auto& c : cases) {
+    std::string err;
+    EXPECT_EQ(Velmo(c.args, nullptr, &err), c.code) << c.args[1];
+    EXPECT_NE(err.find(c.says), std::string::npos) << err;
+  }
+  EXPECT_TRUE(ListLines().empty()) << "nothing refused was stored";
+}
+
+TEST_F(CompanionStoreTest, DemoFillsTheDevice) {
+  std::string out;
+  ASSERT_EQ(Velmo({"demo", "300"}, &out), 0);
+  EXPECT_EQ(out, "300 tasks added\n");
+  const std::vector<std::string> lines = ListLines();
+  ASSERT_EQ(lines.size(), 300u);
+  const auto with = [&](const char* pattern) {
+    const std::regex field(pattern);
+    return std::count_if(lines.begin(), lines.end(),
+                         [&](const std::string& l) { return std::regex_search(l, field); });
+  };
+  EXPECT_GT(with(R"(\t\d{4}-\d\d-\d\dT\d\d:\d\d\t)"), 30) << "reminders";
+  EXPECT_GT(with("^[0-9]+\t[^\t]+\t\t\t"), 30) << "undated tasks";
+  EXPECT_GT(with("\thigh\t"), 10);
+}
+
+}  // namespace
+}  // namespace velmo::testing

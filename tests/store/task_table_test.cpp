@@ -1,0 +1,115 @@
+// Loading, finding and freeing the task table; the direct reads and writes;
+// categories of the other databases.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/cedb.h"
+#include "settings/settings.h"
+#include "store/connection.h"
+#include "store/direct_writes.h"
+#include "store/other_categories.h"
+#include "store/task_props.h"
+#include "store/task_table.h"
+#include "tests/store/store_fixture.h"
+
+namespace velmo::testing {
+namespace {
+
+class TaskTableTest : public StoreTest {
+ protected:
+  std::vector<CEOID> AddTasks(int count) {
+    std::vector<CEOID> oids;
+    cedb::BeginWriteBatch(&Store().volume);
+    for (int i = 0; i < count; ++i)
+      oids.push_back(AddRecord(Props().Text(kPropSubject, L"task " + std::to_wstring(i))));
+    cedb::EndWriteBatch(&Store().volume);
+    return oids;
+  }
+};
+
+TEST_F(TaskTableTest, LoadKeepsDatabaseOrderUpToTheCap) {
+  const std::vector<CEOID> oids = AddTasks(3000);
+  ASSERT_TRUE(LoadTaskTable());
+  ASSERT_EQ(Tasks().size(), kMaxTasks);
+  EXPECT_EQ(Tasks().front()->oid, oids.front());
+  EXPECT_EQ(Tasks().back()->subject, L"task 2549");
+  EXPECT_EQ(FindTask(oids[2549]), 2549);
+  EXPECT_EQ(FindTask(oids[2550]), -1);
+
+  EXPECT_FALSE(LoadTaskTable()) << "the reload flag was cleared";
+  EXPECT_EQ(Tasks().size(), kMaxTasks);
+  FreeTaskTable();
+  EXPECT_TRUE(Tasks().empty());
+
+  CEDBASEINFOEX info{};
+  ASSERT_TRUE(ReadTasksDatabaseInfo(&info));
+  Settings reloaded;
+  LoadSettings(reloaded);
+  EXPECT_EQ(reloaded.last_modified.dwLowDateTime, info.ftLastModified.dwLowDateTime);
+  EXPECT_EQ(reloaded.last_modified.dwHighDateTime, info.ftLastModified.dwHighDateTime);
+}
+
+TEST_F(TaskTableTest, WithoutTheVolumeEverythingFailsQuietly) {
+  AddTasks(3);
+  CloseTasksDatabase();
+  CurrentSettings().db_path = L"\\Storage\\missing.vol";
+  EXPECT_FALSE(OpenTasksDatabaseHandle(nullptr, false, 0));
+  EXPECT_TRUE(CHECK_INVALIDGUID(&Store().volume));
+  Store().reload = true;
+  EXPECT_TRUE(LoadTaskTable());
+  EXPECT_TRUE(Tasks().empty());
+  EXPECT_EQ(ReadNotificationHandle(1), 0u);
+}
+
+TEST_F(TaskTableTest, ReminderHandleWriteTouchesOnlyItsTwoProperties) {
+  const CEOID oid = AddRecord(Props()
+                                  .Text(kPropSubject, L"keep me")
+                                  .Text(kPropCategories, L"Home")
+                                  .Int(kPropReminderMinutes, 15)
+                                  .Int(kPropNotificationHandle, 3));
+  EXPECT_EQ(ReadNotificationHandle(oid), 3u);
+  Task task = Read(oid);
+  task.notification_handle = 9;
+  task.reminder_minutes = -30;
+  task.subject = L"not written";
+  ASSERT_EQ(WriteReminderHandle(task), S_OK);
+  const Task stored = Read(oid);
+  EXPECT_EQ(stored.notification_handle, 9u);
+  EXPECT_EQ(stored.reminder_minutes, -30);
+  EXPECT_EQ(stored.subject, L"keep me");
+  EXPECT_EQ(stored.categories, L"Home");
+
+  task.oid = oid + 1000;
+  EXPECT_EQ(WriteReminderHandle(task), HRESULT_FROM_WIN32(ERROR_INVALID_PARAMETER));
+  EXPECT_EQ(ReadNotificationHandle(oid + 1000), 0u);
+}
+
+TEST_F(TaskTableTest, CategoriesOfContactsAndAppointments) {
+  CEGUID volume = Store().volume;
+  const auto fill = [&](const wchar_t* name, std::vector<const wchar_t*> values) {
+    CEOID db = 0;
+    HANDLE h = CeOpenDatabaseEx(&volume, &db, name, 0, 0, nullptr);
+    ASSERT_NE(h, INVALID_HANDLE_VALUE);
+    for (const wchar_t* v : values) {
+      CEPROPVAL p{v ? kPropCategories : kPropSubject, 0, 0, {}};
+      p.val.lpwstr = const_cast<wchar_t*>(v ? v : L"no categories");
+      ASSERT_NE(CeWriteRecordProps(h, 0, 1, &p), 0u);
+    }
+    CeCloseHandle(h);
+  };
+  fill(L"Contacts Database", {L"Friends,Work", nullptr, L""});
+  fill(L"Appointments Database", {L"Holiday"});
+  const auto gather = [](OtherDatabase which) {
+    std::vector<std::wstring> seen;
+    EXPECT_TRUE(ReadOtherDatabaseCategories(which, [&](std::wstring_view v) { seen.emplace_back(v); }));
+    return seen;
+  };
+  EXPECT_EQ(gather(OtherDatabase::kContacts), (std::vector<std::wstring>{L"Friends,Work", L""}));
+  EXPECT_EQ(gather(OtherDatabase::kAppointments), (std::vector<std::wstring>{L"Holiday"}));
+  EXPECT_EQ(Store().other_db, INVALID_HANDLE_VALUE);
+}
+
+}  // namespace
+}  // namespace velmo::testing
