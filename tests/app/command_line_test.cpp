@@ -37,30 +37,17 @@ TEST(CommandLine, ParsesEveryForm) {
       {L"x-newer", kCmdNewTask, 0},
       {L"abc", kNoRequest, 0},
       {L"-", kNoRequest, 0},
+      // The number is read like atol: sign, leading zeros, modulo 2^32.
+      {L"+0012", kNoRequest, 12},
+      {L"-5", kNoRequest, 4294967291u},
+      {L"- 5 -new", kCmdNewTask, 0},
+      {L"4294967296 -today", kCmdTodayView, 0},
   };
   for (const Case& c : cases) {
     const StartRequest start = ParseCommandLine(c.line);
     EXPECT_EQ(start.request, c.request) << "line: '" << c.line << "'";
     EXPECT_EQ(start.task_oid, c.oid) << "line: '" << c.line << "'";
   }
-}
-
-TEST(CommandLine, LeadingDecimalReadsLikeAtol) {
-  struct Case {
-    const wchar_t* text;
-    LONG value;
-  } cases[] = {{L"", 0},         {L"7", 7},          {L" \t9x", 9},       {L"+12", 12},
-               {L"-5", -5},      {L"- 5", 0},        {L"x12", 0},         {L"0012", 12},
-               {L"2147483648", static_cast<LONG>(0x80000000u)},
-               {L"4294967296", 0}};
-  for (const Case& c : cases) EXPECT_EQ(LeadingDecimal(c.text), c.value) << c.text;
-}
-
-TEST(CommandLine, JoinsArgumentsWithSpaces) {
-  char program[] = "velmo-todo", a[] = "-new", b[] = "t\xc3\xa4sk";
-  char* argv[] = {program, a, b, nullptr};
-  EXPECT_EQ(JoinArguments(3, argv), L"-new t\u00e4sk");
-  EXPECT_EQ(JoinArguments(1, argv), L"");
 }
 
 }  // namespace
