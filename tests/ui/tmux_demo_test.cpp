@@ -143,9 +143,10 @@ TEST(UiTmuxTest, DemoRunsInARealTerminal) {
   tmux.Keys("F1");
   ASSERT_TRUE(tmux.WaitFor("Answer: Yes")) << tmux.Capture();
   tmux.Run("resize-window -t demo -x 40 -y 10");
-  ASSERT_TRUE(tmux.WaitFor("Ask")) << tmux.Capture();
+  // The right soft key is cut off by the narrower pane until the demo redraws.
+  ASSERT_TRUE(tmux.WaitFor("Menu")) << "redrawn after the resize: " << tmux.Capture();
   std::string small = tmux.Capture();
-  EXPECT_NE(small.find("Menu"), std::string::npos) << small;
+  EXPECT_NE(small.find("Ask"), std::string::npos) << small;
   tmux.Keys("Escape");
   bool ended = false;
   for (int i = 0; i < 200 && !ended; ++i) {
