@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "app/command_line.h"
-#include "app/plain_instance.h"
+#include "app/main_loop.h"
 #include "app/resource_check.h"
 #include "app/second_instance.h"
 #include "platform/cedb.h"
@@ -99,10 +99,11 @@ int RunProgram(std::wstring_view command_line) {
 
   if (!PrepareDevice()) return 1;
   // Screen metrics, image lists, the platform type and the tray icon belong to
-  // the terminal's window layer; here only the settings are shared state.
+  // the terminal's window layer; the settings here, the list's state with the
+  // main window.
   InitialiseSettings();
 
-  const int quit_code = RunPlainInstance(start);
+  const int quit_code = RunMainWindow(start);
   ReleaseMutex(mutex);
   CloseHandle(mutex);
   return quit_code;

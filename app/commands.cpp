@@ -1,0 +1,226 @@
+#include "app/commands.h"
+
+#include <iterator>
+
+#include "app/delete_commands.h"
+#include "app/list_rows.h"
+#include "app/main_window_state.h"
+#include "app/menus.h"
+#include "app/shortcut_apps.h"
+#include "app/task_changes.h"
+#include "app/task_commands.h"
+#include "categories/filter_menu.h"
+#include "list/draw_appearance.h"
+#include "list/quick_entry.h"
+#include "list/quick_entry_box.h"
+#include "list/sort_rows.h"
+#include "list/view_commands.h"
+#include "list/view_ids.h"
+#include "list/view_rows.h"
+#include "platform/ui/list_view.h"
+#include "platform/ui/message_queue.h"
+#include "platform/ui/timers.h"
+#include "platform/ui/window.h"
+#include "res/command_ids.h"
+#include "settings/settings.h"
+#include "store/task_table.h"
+
+namespace velmo::app {
+namespace {
+
+constexpr UINT_PTR kExitTimer = 4;
+constexpr UINT kExitDelayMs = 200;
+
+using Handler = void (*)(UINT command, LPARAM lparam);
+
+struct CommandRange {
+  UINT first;
+  UINT last;
+  Handler run;
+};
+
+CEOID SelectedOid() {
+  const Task* task = SelectedTask();
+  return task ? task->oid : 0;
+}
+
+bool InQuickEntry() { return CurrentQuickEntry().active; }
+
+// Commands whose dialogs belong to other parts of the program and are not
+// there yet: they are in the menus and do nothing.
+void NoDialogYet(UINT, LPARAM) {}
+
+void CompleteOrActivate(UINT, LPARAM) {
+  const Task* task = SelectedTask();
+  if (task) SendCommand(task->complete ? cmd::kActivate : cmd::kComplete);
+}
+
+void CompleteOrActivateSelected(UINT command, LPARAM) {
+  if (const CEOID oid = SelectedOid()) SetTaskComplete(oid, command == cmd::kComplete);
+}
+
+void NewQuick(UINT, LPARAM) {
+  HWND entry = MainWindow().entry;
+  if (entry && CurrentSettings().quick_entry == 1) {
+    SetFocus(entry);
+  } else {
+    SendCommand(cmd::kNew);
+  }
+}
+
+void OnSelectedTask(UINT command, LPARAM) {
+  const CEOID oid = SelectedOid();
+  if (!oid) return;
+  switch (command) {
+    case cmd::kCreateCopy: CopyTask(oid); break;
+    case cmd::kDelete: DeleteTask(oid); break;
+    case cmd::kRename: RenameTask(oid); break;
+    case cmd::kTeamTask: ToggleTeamTask(oid); break;
+    default: ChangeTaskPriority(oid, command); break;
+  }
+}
+
+// In entry mode the priority, sensitivity, team task and reminder items are the
+// new task's check marks; over the list they act on the selected task.
+void QuickOrSelected(UINT command, LPARAM lparam) {
+  if (InQuickEntry()) {
+    ApplyQuickEntryCommand(CurrentQuickEntry(), command);
+  } else if (command != cmd::kSensitivityNormal && command != cmd::kSensitivityPrivate &&
+             command != cmd::kQuickReminder) {
+    OnSelectedTask(command, lparam);
+  }
+}
+
+void QuickEntryEnter(UINT, LPARAM) {
+  if (MainWindow().entry && InQuickEntry()) CommitQuickEntry(MainWindow().entry);
+}
+
+void Navigate(UINT command, LPARAM) {
+  switch (command) {
+    case cmd::kNextTask: MoveSelection(1); break;
+    case cmd::kPreviousTask: MoveSelection(-1); break;
+    case cmd::kFirstTask: SelectRow(0); break;
+    case cmd::kLastTask: SelectRow(RowCount() - 1); break;
+    case cmd::kPageUp: MoveSelectionByPage(-1); break;
+    case cmd::kPageDown: MoveSelectionByPage(1); break;
+    default: break;
+  }
+  if (MainWindow().list) SetFocus(MainWindow().list);
+  UpdateListSoftKeys();
+}
+
+void Reload(UINT, LPARAM) { ReloadTasksNow(); }
+
+void ExitNow(HWND hwnd, UINT, UINT_PTR id, DWORD) {
+  KillTimer(hwnd, id);
+  PostMessageW(MainWindow().window, WM_CLOSE, 0, 0);
+}
+
+// The window closes a moment later, so that the key that asked has come up.
+void Exit(UINT, LPARAM) { SetTimer(MainWindow().window, kExitTimer, kExitDelayMs, ExitNow); }
+
+void DeleteMany(UINT command, LPARAM) {
+  if (command == cmd::kDeleteCompleted) {
+    DeleteCompletedTasks();
+  } else {
+    DeleteDisplayedTasks();
+  }
+}
+
+void ViewCommand(UINT command, LPARAM) {
+  const DWORD effects = RunViewCommand(
+      command, [](UINT view) { return ViewIsEmpty(Tasks(), view, kNoDate); });
+  if (effects == kViewEffectNone) return;
+  if (effects & kViewEffectReloadTasks) ReloadTasksNow();
+  RefreshAfterViewChange(effects & kViewEffectRebuildFilterMenu);
+}
+
+void SortBy(UINT command, LPARAM) {
+  if (ChooseSortBy(command)) RefreshAfterViewChange(false);
+}
+
+void FilterCommand(UINT command, LPARAM lparam) {
+  if (ChooseFilterCommand(command, lparam == kFromShortcut)) RefreshAfterViewChange(true);
+}
+
+void StepFilter(UINT command, LPARAM) {
+  StepCategoryFilter(command, [] { return RefreshAfterViewChange(true); });
+}
+
+void AppShortcut(UINT command, LPARAM) { StartAppShortcut(command); }
+
+void ToggleCompact(UINT, LPARAM) {
+  ToggleCompactList();
+  if (MainWindow().list) ListView_SetRowHeight(MainWindow().list, ListRowLines());
+}
+
+// Each command falls in one range at most.
+constexpr CommandRange kCommands[] = {
+    {39950, 39959, SortBy},
+    {39970, 39981, AppShortcut},
+    {cmd::kSensitivityNormal, cmd::kSensitivityNormal, QuickOrSelected},
+    {cmd::kSensitivityPrivate, cmd::kSensitivityPrivate, QuickOrSelected},
+    {cmd::kEdit, cmd::kEdit, NoDialogYet},
+    {cmd::kActivate, cmd::kComplete, CompleteOrActivateSelected},
+    {cmd::kCompleteOrActivate, cmd::kCompleteOrActivate, CompleteOrActivate},
+    {cmd::kNew, cmd::kNew, NoDialogYet},
+    {cmd::kNewQuick, cmd::kNewQuick, NewQuick},
+    {cmd::kCreateCopy, cmd::kCreateCopy, OnSelectedTask},
+    {cmd::kView, cmd::kView, NoDialogYet},
+    {cmd::kDelete, cmd::kRename, OnSelectedTask},
+    {cmd::kPriorityDown, cmd::kPriorityCycle, OnSelectedTask},
+    {cmd::kHigh, cmd::kLow, QuickOrSelected},
+    {cmd::kDueDate, cmd::kDueDate, NoDialogYet},
+    {cmd::kTeamTask, cmd::kTeamTask, QuickOrSelected},
+    {cmd::kNotes, cmd::kNotes, NoDialogYet},
+    {cmd::kNextTask, cmd::kPreviousTask, Navigate},
+    {cmd::kReload, cmd::kReload, Reload},
+    {cmd::kSettingsOptions, cmd::kSettingsMyText, NoDialogYet},
+    {cmd::kSettingsReset, cmd::kSettingsReset, NoDialogYet},
+    {cmd::kExit, cmd::kExit, Exit},
+    {cmd::kSaveToFile, cmd::kBeamAll, NoDialogYet},
+    {cmd::kDeleteCompleted, cmd::kDeleteDisplayed, DeleteMany},
+    {kCmdViewAllCategories, kCmdSetAsDefault, ViewCommand},
+    {kViewAllTasks, kViewUndated, ViewCommand},
+    {kViewSearch, kViewSearch, NoDialogYet},
+    {kCmdFilterNext, kCmdFilterPreviousSkipEmpty, StepFilter},
+    {kCmdNextView, kCmdNextViewSkip, ViewCommand},
+    {kCmdPreviousView, kCmdPreviousViewSkip, ViewCommand},
+    {cmd::kQuickEntryEnter, cmd::kQuickEntryEnter, QuickEntryEnter},
+    {cmd::kQuickEntryCallHistory, cmd::kQuickEntryCallHistory, NoDialogYet},
+    {cmd::kChangeCategories, cmd::kChangeCategories, NoDialogYet},
+    {cmd::kQuickReminder, cmd::kQuickReminder, QuickOrSelected},
+    {cmd::kLinksMenuFirst, cmd::kLinks, NoDialogYet},
+    {cmd::kToggleCompact, cmd::kToggleCompact, ToggleCompact},
+    {cmd::kFirstTask, cmd::kPageDown, Navigate},
+    {cmd::kLinksMenuPhone, cmd::kLinksView, NoDialogYet},
+    {kCmdAllCategories, kCmdAllCategories, FilterCommand},
+    {kCmdMultipleCategories, kCmdMultipleCategories, NoDialogYet},
+    {kCmdFirstCategoryItem, kCmdLastCategoryItem, FilterCommand},
+};
+
+}  // namespace
+
+bool RunCommand(UINT command, LPARAM lparam) {
+  for (const CommandRange& range : kCommands) {
+    if (command < range.first || command > range.last) continue;
+    range.run(command, lparam);
+    if (!InQuickEntry()) UpdateListSoftKeys();
+    return true;
+  }
+  return false;
+}
+
+void SendCommand(UINT command, LPARAM lparam) {
+  SendMessageW(MainWindow().window, WM_COMMAND, MAKEWPARAM(static_cast<WORD>(command), 0), lparam);
+}
+
+int RefreshAfterViewChange(bool filter_changed) {
+  if (filter_changed) UpdateFilterMenu();
+  const int rows = RebuildList();
+  UpdateViewMarks();
+  UpdateListSoftKeys();
+  return rows;
+}
+
+}  // namespace velmo::app
