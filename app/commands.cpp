@@ -11,8 +11,7 @@
 #include "app/task_commands.h"
 #include "categories/filter_menu.h"
 #include "list/draw_appearance.h"
-#include "list/quick_entry.h"
-#include "list/quick_entry_box.h"
+#include "app/entry_box.h"
 #include "list/sort_rows.h"
 #include "list/view_commands.h"
 #include "list/view_ids.h"
@@ -44,7 +43,7 @@ CEOID SelectedOid() {
   return task ? task->oid : 0;
 }
 
-bool InQuickEntry() { return CurrentQuickEntry().active; }
+
 
 // Commands whose dialogs belong to other parts of the program and are not
 // there yet: they are in the menus and do nothing.
@@ -83,8 +82,8 @@ void OnSelectedTask(UINT command, LPARAM) {
 // In entry mode the priority, sensitivity, team task and reminder items are the
 // new task's check marks; over the list they act on the selected task.
 void QuickOrSelected(UINT command, LPARAM lparam) {
-  if (InQuickEntry()) {
-    ApplyQuickEntryCommand(CurrentQuickEntry(), command);
+  if (InEntryMode()) {
+    ApplyEntryCommand(command);
   } else if (command != cmd::kSensitivityNormal && command != cmd::kSensitivityPrivate &&
              command != cmd::kQuickReminder) {
     OnSelectedTask(command, lparam);
@@ -92,7 +91,7 @@ void QuickOrSelected(UINT command, LPARAM lparam) {
 }
 
 void QuickEntryEnter(UINT, LPARAM) {
-  if (MainWindow().entry && InQuickEntry()) CommitQuickEntry(MainWindow().entry);
+  if (MainWindow().entry && InEntryMode()) CommitEntry(MainWindow().entry);
 }
 
 void Navigate(UINT command, LPARAM) {
@@ -205,7 +204,7 @@ bool RunCommand(UINT command, LPARAM lparam) {
   for (const CommandRange& range : kCommands) {
     if (command < range.first || command > range.last) continue;
     range.run(command, lparam);
-    if (!InQuickEntry()) UpdateListSoftKeys();
+    if (!InEntryMode()) UpdateListSoftKeys();
     return true;
   }
   return false;

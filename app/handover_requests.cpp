@@ -4,8 +4,7 @@
 #include "app/main_window_state.h"
 #include "categories/category_state.h"
 #include "list/list_state.h"
-#include "list/quick_entry.h"
-#include "list/quick_entry_box.h"
+#include "app/entry_box.h"
 #include "list/view_ids.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/message_queue.h"
@@ -85,7 +84,7 @@ void CarryOutHandover(const HandoverRequest& request) {
   MainWindowState& w = MainWindow();
   DismissOpenDialogs();
   SetForegroundWindow(w.window);
-  if (w.entry && CurrentQuickEntry().active) LeaveQuickEntryMode(w.entry);
+  if (w.entry && InEntryMode()) LeaveEntryMode(w.entry);
   switch (request.code) {
     case kHandoverSelect:
     case kHandoverSelectAndOpen:

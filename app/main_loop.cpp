@@ -4,6 +4,7 @@
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -15,6 +16,7 @@
 #include "app/text_screen.h"
 #include "categories/category_state.h"
 #include "list/list_state.h"
+#include "platform/cedb.h"
 #include "platform/ipc.h"
 #include "platform/ui/colours.h"
 #include "platform/ui/desktop.h"
@@ -61,9 +63,9 @@ void CloseMainWindow() {
   if (HWND window = MainWindow().window) PostMessageW(window, WM_CLOSE, 0, 0);
 }
 
-}  // namespace
-
-int RunMainWindow(const StartRequest& start) {
+// The run itself, on its screen; `failure` receives why the tasks could not be
+// reached when the program ends for that.
+int RunOnScreen(const StartRequest& start, std::string* failure) {
   TextScreen* text = nullptr;
   std::unique_ptr<ui::Screen> screen = OpenScreen(&text);
   ui::ScopedScreen attached(screen.get());
@@ -74,7 +76,6 @@ int RunMainWindow(const StartRequest& start) {
   InitListState();
   HWND window = CreateMainWindow();
   if (!window) return 0;
-  UpdateWindow(window);
 
   // The window exists from here on: a second instance finds it.
   ipc::Listener listener;
@@ -108,9 +109,21 @@ int RunMainWindow(const StartRequest& start) {
       DispatchMessageW(&msg);
     }
     quit_code = static_cast<int>(msg.wParam);
+  } else {
+    *failure = cedb::LastFailure();
   }
   listener.Close();
   if (signals >= 0) close(signals);
+  return quit_code;
+}
+
+}  // namespace
+
+int RunMainWindow(const StartRequest& start) {
+  std::string failure;
+  const int quit_code = RunOnScreen(start, &failure);
+  // Said once the terminal is a terminal again.
+  if (!failure.empty()) std::fprintf(stderr, "velmo-todo: %s\n", failure.c_str());
   return quit_code;
 }
 

@@ -17,8 +17,7 @@
 #include "list/draw_appearance.h"
 #include "list/draw_row.h"
 #include "list/list_state.h"
-#include "list/quick_entry.h"
-#include "list/quick_entry_box.h"
+#include "app/entry_box.h"
 #include "list/view_ids.h"
 #include "platform/lasterror.h"
 #include "platform/ui/desktop.h"
@@ -69,7 +68,7 @@ LRESULT OnCreate(HWND hwnd) {
   InitListDisplay();
   ListView_SetRowHeight(w.list, ListRowLines());
   if (CurrentSettings().quick_entry == 1)
-    w.entry = CreateQuickEntryBox(hwnd, kEntryControlId, w.list, RECT{0, 0, client.right, 1});
+    w.entry = CreateEntryBox(hwnd, kEntryControlId, w.list, RECT{0, 0, client.right, 1});
   Layout(hwnd);
   CreateMainMenus();
   ShowListSoftKeys();
@@ -131,14 +130,14 @@ LRESULT OnNotify(const NMHDR* nm) {
 }
 
 void OnHotKey(WPARAM id, LPARAM lparam) {
-  const ShortcutContext context{CurrentQuickEntry().active, CurrentListState().at_default};
+  const ShortcutContext context{InEntryMode(), CurrentListState().at_default};
   const ShortcutOutcome outcome = HandleHotKeyMessage(id, lparam, context);
   switch (outcome.kind) {
     case ShortcutKind::kCommand:
       RunCommand(outcome.command, kFromShortcut);
       break;
     case ShortcutKind::kEntryField:
-      if (HasEntryBox()) QuickEntryBackKey(MainWindow().entry);
+      if (HasEntryBox()) EntryBackKey(MainWindow().entry);
       break;
     case ShortcutKind::kDefaultBack:
       // A terminal program has nowhere to go back to but the shell.
@@ -228,7 +227,7 @@ LRESULT MainWindowProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam) {
     case kMsgOccurrenceDeferred:
       CompleteDeferredOccurrence(static_cast<CEOID>(wparam));
       return 0;
-    case kMsgQuickEntryMode:
+    case kMsgEntryMode:
       OnQuickEntryMode(wparam != 0);
       return 0;
     case kMsgRebuildList:

@@ -9,7 +9,7 @@
 #include "app/shortcut_keys.h"
 #include "categories/filter_menu.h"
 #include "list/list_state.h"
-#include "list/quick_entry.h"
+#include "app/entry_box.h"
 #include "list/sort_rows.h"
 #include "list/view_ids.h"
 #include "platform/ui/menu.h"
@@ -107,11 +107,10 @@ void PrepareListMenu(HMENU menu) {
 }
 
 void PrepareQuickEntryMenu(HMENU menu) {
-  const QuickEntryMode& mode = CurrentQuickEntry();
   for (const res::MenuItemDef& item : res::kQuickEntryMenu.items) {
     if (item.command)
       CheckMenuItem(menu, item.command,
-                    MF_BYCOMMAND | Flag(QuickEntryChecked(mode, item.command), MF_CHECKED,
+                    MF_BYCOMMAND | Flag(EntryItemChecked(item.command), MF_CHECKED,
                                         MF_UNCHECKED));
   }
 }
@@ -164,7 +163,7 @@ void ShowListSoftKeys() {
 
 void UpdateListSoftKeys() {
   HWND bar = SHFindMenuBar(MainWindow().window);
-  if (!bar || CurrentQuickEntry().active) return;
+  if (!bar || InEntryMode()) return;
   const UINT command = LeftSoftKeyCommand();
   const Task* task = SelectedTask();
   UINT text_id = 0;
