@@ -17,7 +17,7 @@ class SettingsProcessTest : public testing::SettingsTest {
  protected:
   void NormalStart(const std::string& program) {
     ChildProcess start(program, {});
-    ASSERT_NE("", start.WaitForLine("start:")) << start.error_output();
+    ASSERT_NE("", start.WaitForLine("--- screen")) << start.error_output();
     start.Signal(SIGINT);
     EXPECT_EQ(0, start.Wait());
   }
