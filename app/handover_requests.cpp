@@ -1,5 +1,6 @@
 #include "app/handover_requests.h"
 
+#include "app/dismiss_dialogs.h"
 #include "app/list_rows.h"
 #include "app/main_window_state.h"
 #include "categories/category_state.h"
@@ -23,17 +24,6 @@ void Command(UINT command, LPARAM lparam = 0) {
 bool AtDefaultViewAndFilter() {
   const Settings& s = CurrentSettings();
   return CurrentView() == s.selected_view && CurrentFilterText() == s.filter_categories;
-}
-
-HWND FirstTopLevelWindow() {
-  HWND first = nullptr;
-  EnumWindows(
-      [](HWND hwnd, LPARAM out) -> BOOL {
-        *reinterpret_cast<HWND*>(out) = hwnd;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&first));
-  return first;
 }
 
 void SelectAndMaybeOpen(CEOID oid, bool open) {
@@ -69,20 +59,11 @@ bool SelectTaskAnywhere(CEOID oid) {
   return SelectTaskRow(oid);
 }
 
-void DismissOpenDialogs() {
-  EndMenu();
-  HWND main = MainWindow().window;
-  for (HWND hwnd = FirstTopLevelWindow(); hwnd && hwnd != main && IsWindow(hwnd);) {
-    HWND owner = GetWindow(hwnd, GW_OWNER);
-    SendMessageW(hwnd, WM_COMMAND, IDCANCEL, 0);
-    hwnd = owner;
-  }
-}
-
 void CarryOutHandover(const HandoverRequest& request) {
   if (IsIgnoredHandover(request.code)) return;
   MainWindowState& w = MainWindow();
-  DismissOpenDialogs();
+  EndMenu();
+  DismissOpenDialogs(w.window);
   SetForegroundWindow(w.window);
   if (w.entry && InEntryMode()) LeaveEntryMode(w.entry);
   switch (request.code) {

@@ -7,8 +7,8 @@
 
 namespace velmo::app {
 
-// Carries out a decoded request: code 100 is ignored; any other first dismisses
-// open dialogs, brings the main window forward and takes the focus from the
+// Carries out a decoded request: code 100 is ignored; any other first closes an
+// open menu and dismisses open dialogs, brings the main window forward and takes the focus from the
 // quick-entry box; then select (0), select and open (5), Today (2), the default
 // view (3) or a new task (4).
 void CarryOutHandover(const HandoverRequest& request);
@@ -20,9 +20,5 @@ LRESULT OnCopyData(const COPYDATASTRUCT* data);
 // Tasks without a filter when its row is not listed. False when the task is not
 // in the table or cannot be listed.
 bool SelectTaskAnywhere(CEOID oid);
-
-// Sends IDCANCEL along the owner chain of the topmost window up to the main
-// window, and closes an open menu.
-void DismissOpenDialogs();
 
 }  // namespace velmo::app

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <memory>
 
-#include "app/handover_requests.h"
+#include "app/handover_channel.h"
 #include "app/main_window.h"
 #include "app/main_window_state.h"
 #include "app/startup.h"
@@ -78,15 +78,7 @@ int RunOnScreen(const StartRequest& start, std::string* failure) {
   if (!window) return 0;
 
   // The window exists from here on: a second instance finds it.
-  ipc::Listener listener;
-  ipc::Handlers handlers;
-  handlers.copy_data = [](ULONG_PTR code, DWORD size, const BYTE* bytes) -> LRESULT {
-    COPYDATASTRUCT record{code, size, const_cast<BYTE*>(bytes)};
-    return SendMessageW(MainWindow().window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record));
-  };
-  handlers.dismiss_dialogs = DismissOpenDialogs;
-  if (listener.Open(kMainWindowClass))
-    ui::WatchFd(listener.fd(), [&](int, short) { listener.ReceiveOne(handlers); });
+  OpenHandoverChannel(window);
 
   const int signals = SignalDescriptor();
   if (signals >= 0) {
@@ -112,7 +104,7 @@ int RunOnScreen(const StartRequest& start, std::string* failure) {
   } else {
     *failure = cedb::LastFailure();
   }
-  listener.Close();
+  CloseHandoverChannel();
   if (signals >= 0) close(signals);
   return quit_code;
 }

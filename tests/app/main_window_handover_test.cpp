@@ -1,3 +1,4 @@
+#include "app/dismiss_dialogs.h"
 #include "app/handover_requests.h"
 #include "categories/category_state.h"
 #include "list/list_state.h"
@@ -86,7 +87,7 @@ TEST_F(HandoverTest, EveryCodeButAfterSyncDismissesAnOpenMessageBox) {
       HandOver(code);
       if (code == app::kHandoverAfterSync) {
         EXPECT_TRUE(screen_.Contains(L"Question")) << "code 100 leaves it open";
-        app::DismissOpenDialogs();
+        app::DismissOpenDialogs(window_);
       }
     });
     answer = MessageBoxW(window_, L"Question", L"Velmo ToDo List", MB_YESNO);
