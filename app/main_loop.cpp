@@ -29,8 +29,6 @@
 namespace velmo::app {
 namespace {
 
-constexpr DWORD kInputEndPollMs = 50;
-
 bool WantsTextScreen() {
   const char* choice = std::getenv("VELMO_SCREEN");
   if (choice && std::strcmp(choice, "headless") == 0) return true;
@@ -89,9 +87,7 @@ int RunOnScreen(const StartRequest& start, std::string* failure) {
       CloseMainWindow();
     });
   }
-  if (text) {
-    ui::AddIdleHook([text] { if (text->input_ended()) CloseMainWindow(); }, kInputEndPollMs);
-  }
+  if (text) text->set_on_input_end(CloseMainWindow);
 
   int quit_code = 0;
   if (StartMainWindow(start)) {

@@ -15,6 +15,7 @@
 #include "app/task_commands.h"
 #include "app/today_sign.h"
 #include "list/draw_appearance.h"
+#include "list/draw_background.h"
 #include "list/draw_row.h"
 #include "list/list_state.h"
 #include "app/entry_box.h"
@@ -67,6 +68,7 @@ LRESULT OnCreate(HWND hwnd) {
   if (!w.list) return -1;
   InitListDisplay();
   ListView_SetRowHeight(w.list, ListRowLines());
+  InstallListBackground(w.list);
   if (CurrentSettings().quick_entry == 1)
     w.entry = CreateEntryBox(hwnd, kEntryControlId, w.list, RECT{0, 0, client.right, 1});
   Layout(hwnd);

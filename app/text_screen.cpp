@@ -50,8 +50,16 @@ void WriteAll(int fd, const std::string& text) {
 TextScreen::TextScreen(int width, int height, int input_fd, int output_fd)
     : HeadlessScreen(width, height), input_fd_(input_fd), output_fd_(output_fd) {}
 
+void TextScreen::EndedAndShown() {
+  if (!ended_ || presents() == 0 || !on_end_) return;
+  auto on_end = std::move(on_end_);
+  on_end_ = nullptr;
+  on_end();
+}
+
 void TextScreen::Present() {
   HeadlessScreen::Present();
+  EndedAndShown();
   std::wstring text = Text();
   if (text == shown_) return;
   shown_ = std::move(text);
@@ -98,6 +106,7 @@ bool TextScreen::ReadInput(ui::InputEvent* event) {
   if (n <= 0) {
     ended_ = true;
     input_fd_ = -1;
+    EndedAndShown();
     return false;
   }
   TypeInput(std::string_view(buffer, static_cast<size_t>(n)));

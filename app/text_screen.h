@@ -9,6 +9,7 @@
 // {Right}, {Home}, {End}, {PgUp}, {PgDn}, {Back}.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/ui/screen_headless.h"
@@ -26,8 +27,8 @@ class TextScreen : public ui::HeadlessScreen {
   bool CanWaitForInput() const override { return true; }
   bool OnIdle() override { return false; }
 
-  // True once the input has ended and the screen has been shown at least once.
-  bool input_ended() const { return ended_ && presents() > 0; }
+  // Called once, when the input has ended and the screen has been shown.
+  void set_on_input_end(std::function<void()> on_end) { on_end_ = std::move(on_end); }
 
   // Keys of a piece of input text, appended in order; a brace name that is no
   // key is typed as its characters.
@@ -36,7 +37,10 @@ class TextScreen : public ui::HeadlessScreen {
  private:
   int input_fd_;
   int output_fd_;
+  void EndedAndShown();
+
   bool ended_ = false;
+  std::function<void()> on_end_;
   std::string pending_;   // bytes of an unfinished character or brace name
   std::wstring shown_;    // the text last written
 };
