@@ -1,4 +1,5 @@
-// velmo list: every task of the tasks database in database order, one line each.
+// velmo list: every task of the tasks database in database order, one line each;
+// with a view, that view (cli/list_view_command.cpp).
 #include <cstdio>
 
 #include "cli/device_store.h"
@@ -10,11 +11,8 @@
 
 namespace velmo::cli {
 
-int RunList(int argc, char**) {
-  if (argc != 0) {
-    std::fputs("usage: velmo list\n", stderr);
-    return 2;
-  }
+int RunList(int argc, char** argv) {
+  if (argc != 0) return RunListView(argc, argv);
   if (!OpenDeviceStore("list", false)) return 1;
   CEDBASEINFOEX info{};
   const DWORD count = ReadTasksDatabaseInfo(&info) ? info.dwNumRecords : 0;

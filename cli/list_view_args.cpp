@@ -1,5 +1,6 @@
 #include "cli/list_view_args.h"
 
+#include "cli/task_dates.h"
 #include "list/view_ids.h"
 #include "platform/oletime.h"
 #include "platform/wstr.h"
@@ -17,31 +18,12 @@ constexpr ViewName kViewNames[] = {
     {"future", kViewFuture}, {"undated", kViewUndated}, {"search", kViewSearch},
 };
 
-// Whether `text` has the shape of `pattern`, 'd' standing for a digit.
-bool Shaped(std::string_view text, std::string_view pattern) {
-  if (text.size() != pattern.size()) return false;
-  for (size_t i = 0; i < text.size(); ++i) {
-    const bool digit = text[i] >= '0' && text[i] <= '9';
-    if (pattern[i] == 'd' ? !digit : text[i] != pattern[i]) return false;
-  }
-  return true;
-}
-
-int Number(std::string_view text, size_t at, size_t digits) {
-  int n = 0;
-  for (size_t i = at; i < at + digits; ++i) n = n * 10 + (text[i] - '0');
-  return n;
-}
-
 // "YYYY-MM-DD" (midnight) or "YYYY-MM-DDTHH:MM"; false for anything else.
 bool ParseMoment(std::string_view text, DATE* out) {
-  const bool with_time = Shaped(text, "dddd-dd-ddTdd:dd");
-  if (!with_time && !Shaped(text, "dddd-dd-dd")) return false;
-  SYSTEMTIME st{static_cast<WORD>(Number(text, 0, 4)), static_cast<WORD>(Number(text, 5, 2)), 0,
-                static_cast<WORD>(Number(text, 8, 2)),
-                static_cast<WORD>(with_time ? Number(text, 11, 2) : 0),
-                static_cast<WORD>(with_time ? Number(text, 14, 2) : 0), 0, 0};
-  return SystemTimeToVariantTime(&st, out) != FALSE;
+  std::optional<DATE> date = ParseDate(text, false);
+  if (!date) date = ParseDate(text, true);
+  if (date) *out = *date;
+  return date.has_value();
 }
 
 }  // namespace

@@ -14,7 +14,10 @@ using velmo::cli::Subcommand;
 constexpr Subcommand kSubcommands[] = {
     {"reg", "reg export [KEY] | reg import FILE   settings in registry-export text form",
      velmo::cli::RunReg},
-    {"list", "list                                     every task, one line each (tab-separated)",
+    {"list", "list                                     every task, one line each (tab-separated)\n"
+             "  list VIEW [--filter CATEGORIES] [--at DATE-TIME] [--search TEXT]\n"
+             "      one view as the program lists it, its title first (VIEW: all, overdue,\n"
+             "      active, completed, today, next, future, undated, search)",
      velmo::cli::RunList},
     {"add", "add SUBJECT [--start DATE] [--due DATE] [--reminder DATE-TIME] [--priority P]\n"
             "      [--categories TEXT] [--notes TEXT] [--private] [--complete]   add a task",

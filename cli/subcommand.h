@@ -13,6 +13,7 @@ struct Subcommand {
 // Every subcommand, defined in cli/<name>_command.cpp, listed in cli/main.cpp.
 int RunReg(int argc, char** argv);
 int RunList(int argc, char** argv);
+int RunListView(int argc, char** argv);  // velmo list VIEW ..., from RunList
 int RunAdd(int argc, char** argv);
 int RunDemo(int argc, char** argv);
 
