@@ -28,7 +28,7 @@ bool OpenDeviceStore(const char* command, bool object_model) {
     return false;
   }
   UseProgramBeside();
-  LoadSettings();
+  if (LoadSettings() != 0) SaveSettings();  // as the program does at start-up
   if (!OpenTasksDatabaseHandle(nullptr, false, 0)) {
     std::fprintf(stderr, "velmo %s: cannot open \"%s\": %s\n", command,
                  ToUtf8(Store().tasks_name).c_str(), cedb::LastFailure().c_str());

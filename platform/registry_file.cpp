@@ -56,8 +56,9 @@ LONG Refuse(LONG error, const std::string& text) {
   return error;
 }
 
-// Refuses a SQLite file that holds tables but is not a registry file.
-LONG CheckIdentity(sqlite3* db, const std::string& path) {
+// Refuses a SQLite file that holds tables but is not a registry file; `made`
+// tells whether it is one already.
+LONG CheckIdentity(sqlite3* db, const std::string& path, bool* made) {
   Statement id(db, "PRAGMA application_id");
   int rc = id.Step();
   if (rc != SQLITE_ROW) return MapSqliteError(db, rc);
@@ -67,16 +68,20 @@ LONG CheckIdentity(sqlite3* db, const std::string& path) {
   if (rc != SQLITE_ROW) return MapSqliteError(db, rc);
   if (app_id != kApplicationId && tables.Int(0) != 0)
     return Refuse(ERROR_BADDB, "the file " + path + " is not a registry file; it was left as it is");
+  *made = app_id == kApplicationId;
   return ERROR_SUCCESS;
 }
 
 LONG Prepare(sqlite3* db, const std::string& path) {
   sqlite3_busy_timeout(db, g_busy_timeout_ms);
-  LONG result = CheckIdentity(db, path);
+  bool made = false;
+  LONG result = CheckIdentity(db, path, &made);
   if (result != ERROR_SUCCESS) return result;
   int rc = sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;", nullptr,
                         nullptr, nullptr);
   if (rc != SQLITE_OK) return MapSqliteError(db, rc);
+  // A file made before needs no write: opening it only to read stays a read.
+  if (made) return ERROR_SUCCESS;
   return InTransaction(db, [&] {
     const std::string sql = std::string(kSchema) +
                             "PRAGMA application_id=" + std::to_string(kApplicationId) + ";";
