@@ -24,6 +24,10 @@ constexpr Subcommand kSubcommands[] = {
      velmo::cli::RunAdd},
     {"demo", "demo N                                   add N made-up tasks",
      velmo::cli::RunDemo},
+    {"notifyd", "notifyd [--once]                         the reminder service: raises due reminders",
+     velmo::cli::RunNotifyd},
+    {"notifications", "notifications                            the pending notifications, one a line",
+     velmo::cli::RunNotifications},
 };
 
 void PrintHelp(std::FILE* out) {

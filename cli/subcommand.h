@@ -16,5 +16,7 @@ int RunList(int argc, char** argv);
 int RunListView(int argc, char** argv);  // velmo list VIEW ..., from RunList
 int RunAdd(int argc, char** argv);
 int RunDemo(int argc, char** argv);
+int RunNotifyd(int argc, char** argv);
+int RunNotifications(int argc, char** argv);
 
 }  // namespace velmo::cli

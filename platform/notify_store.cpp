@@ -1,6 +1,8 @@
 #include "platform/notify_store.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/device.h"
 #include "platform/lasterror.h"
@@ -113,6 +115,14 @@ sqlite3* ThreadStore() {
   return c.db;
 }
 
+std::string ChangeMarkPath() { return (device::Root() / "notify.changed").string(); }
+
+void AnnounceChange() {
+  if (t_connection.batch_depth > 0) return;
+  const int fd = ::open(ChangeMarkPath().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  if (fd >= 0) ::close(fd);
+}
+
 bool BeginStoreBatch() {
   sqlite3* db = ThreadStore();
   if (!db) return false;
@@ -127,7 +137,10 @@ bool EndStoreBatch() {
   ThreadConnection& c = t_connection;
   if (!c.db || c.batch_depth == 0) return false;
   if (--c.batch_depth > 0) return true;
-  if (sqlite3_exec(c.db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK) return true;
+  if (sqlite3_exec(c.db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK) {
+    AnnounceChange();
+    return true;
+  }
   sqlite3_exec(c.db, "ROLLBACK", nullptr, nullptr, nullptr);
   SetLastError(ERROR_WRITE_FAULT);
   return false;

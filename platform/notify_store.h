@@ -44,6 +44,13 @@ sqlite3* ThreadStore();
 bool BeginStoreBatch();
 bool EndStoreBatch();
 
+// The file whose change tells watchers (the reminder service, through inotify)
+// that user notifications changed: it is rewritten after each committed write,
+// so a watcher that wakes on it reads the new state.
+std::string ChangeMarkPath();
+// Rewrites the change mark, unless a batch is open (EndStoreBatch then does).
+void AnnounceChange();
+
 // The last failure of OpenStore in this thread, naming the file.
 std::string StoreFailure();
 

@@ -158,6 +158,7 @@ bool MarkSignalled(DWORD handle) {
     SetLastError(ERROR_INVALID_HANDLE);
     return false;
   }
+  AnnounceChange();
   return true;
 }
 
@@ -208,14 +209,13 @@ HANDLE CeSetUserNotificationEx(HANDLE replace, CE_NOTIFICATION_TRIGGER* trigger,
     SetLastError(ErrorOf(rc));
     return nullptr;
   }
-  if (replace) {
-    if (sqlite3_changes(db) == 0) {
-      SetLastError(ERROR_INVALID_HANDLE);
-      return nullptr;
-    }
-    return replace;
+  if (replace && sqlite3_changes(db) == 0) {
+    SetLastError(ERROR_INVALID_HANDLE);
+    return nullptr;
   }
-  return HandleOf(static_cast<DWORD>(sqlite3_last_insert_rowid(db)));
+  const HANDLE handle = replace ? replace : HandleOf(static_cast<DWORD>(sqlite3_last_insert_rowid(db)));
+  AnnounceChange();
+  return handle;
 }
 
 BOOL CeGetUserNotificationHandles(HANDLE* out, DWORD max, DWORD* needed) {
@@ -292,5 +292,6 @@ BOOL CeClearUserNotification(HANDLE notification) {
     SetLastError(ERROR_INVALID_HANDLE);
     return FALSE;
   }
+  AnnounceChange();
   return TRUE;
 }
