@@ -1,6 +1,5 @@
 #include "store/after_sync.h"
 
-#include "platform/cedb.h"
 #include "settings/settings.h"
 #include "store/connection.h"
 #include "store/store_session.h"
@@ -13,15 +12,11 @@ void RunAfterSyncPass() {
   Settings& settings = CurrentSettings();
   LoadSettings(settings);  // an incomplete load is saved by the next interactive start
 
-  StoreConnection& store = Store();
   CEDBASEINFOEX info{};
   if (OpenTasksDatabaseHandle(nullptr, false, 0) && ReadTasksDatabaseInfo(&info) &&
       !SameFileTime(info.ftLastModified, settings.last_modified) && LogOnObjectModel(nullptr)) {
-    // Every record, without the interactive cap; the writes of the reminder
-    // checks go to the volume as one transaction.
-    const bool batch = cedb::BeginWriteBatch(&store.volume);
-    ReadRecords(info.dwNumRecords, true);
-    const bool written = !batch || cedb::EndWriteBatch(&store.volume);
+    // Every record, without the interactive cap.
+    const bool written = ReadRecords(info.dwNumRecords, true);
     FreeReadBuffer();
     FreeTaskTable();
     // A lost batch leaves the stored time behind, so the next pass tries again.

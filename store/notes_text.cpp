@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace velmo {
@@ -48,10 +49,23 @@ bool StandsForNoNotes(const BYTE* bytes, DWORD size) {
 bool DecodeNotes(const BYTE* bytes, DWORD size, std::wstring* text) {
   text->clear();
   if (!bytes || StandsForNoNotes(bytes, size)) return false;
-  const BYTE* end = std::find(bytes, bytes + size, BYTE{0});
+  const void* zero = std::memchr(bytes, 0, size);
+  const size_t length = zero ? static_cast<size_t>(static_cast<const BYTE*>(zero) - bytes) : size;
   const CodePage& page = Windows1252();
-  text->resize(static_cast<size_t>(end - bytes));
-  std::transform(bytes, end, text->begin(), [&page](BYTE b) { return page[b]; });
+  text->resize(length);
+  wchar_t* out = text->data();
+  size_t i = 0;
+  // Eight bytes at a time while they are plain ASCII, which maps to itself.
+  for (; i + 8 <= length; i += 8) {
+    std::uint64_t block;
+    std::memcpy(&block, bytes + i, 8);
+    if (block & 0x8080808080808080ull) {
+      for (size_t k = i; k < i + 8; ++k) out[k] = page[bytes[k]];
+    } else {
+      for (size_t k = i; k < i + 8; ++k) out[k] = bytes[k];
+    }
+  }
+  for (; i < length; ++i) out[i] = page[bytes[i]];
   return true;
 }
 

@@ -74,7 +74,10 @@ BOOL ReadTaskRecord(Task* task, CEOID oid) {
   if (read == 0 || (oid != 0 && read != oid)) return fail();
 
   task->oid = read;
-  Notes notes;
+  // The notes live only while the record is read; their room is kept for the next.
+  static Notes notes;
+  notes.present = false;
+  notes.text.clear();
   const auto* props = reinterpret_cast<const CEPROPVAL*>(store.read_buffer);
   for (WORD i = 0; i < count; ++i) ApplyProperty(props[i], task, &notes);
 

@@ -14,7 +14,7 @@ inline bool SameFileTime(const FILETIME& a, const FILETIME& b) {
 
 // Seeks to the first record and reads `count` records one after another into
 // the table (a record that cannot be read is skipped but counted), each with
-// the reminder check when asked.
-void ReadRecords(size_t count, bool check_reminder);
+// the reminder check when asked. False when the checks' writes were lost.
+bool ReadRecords(size_t count, bool check_reminder);
 
 }  // namespace velmo

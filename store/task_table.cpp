@@ -42,7 +42,8 @@ BOOL LoadTaskTable(size_t limit) {
   ReadRecords(known ? std::min<size_t>(info.dwNumRecords, limit) : 0, changed);
 
   FreeReadBuffer();
-  if (ReadTasksDatabaseInfo(&info)) SaveLastModified(info.ftLastModified);
+  if (ReadTasksDatabaseInfo(&info) && !SameFileTime(info.ftLastModified, CurrentSettings().last_modified))
+    SaveLastModified(info.ftLastModified);
   MarkCategoryUse(Tasks());
   UpdateTodayTask(false);
   return TRUE;
