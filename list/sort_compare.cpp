@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "list/collation_key_cache.h"
 #include "platform/lstrcmp.h"
 
 namespace velmo {
@@ -33,11 +34,8 @@ int CompareFlags(bool a, bool b, SHORT direction) {
 
 // By the collation keys when both are given, else by the collator.
 const std::string& KeyOf(const std::wstring& text, LazyTextKey* slot) {
-  if (!slot->made) {
-    slot->key = CollationKey(text);
-    slot->made = true;
-  }
-  return slot->key;
+  if (!slot->key) slot->key = &CachedCollationKey(text);
+  return *slot->key;
 }
 
 int CompareTexts(const std::wstring& a, LazyTextKey* a_key, const std::wstring& b,

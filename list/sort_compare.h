@@ -41,12 +41,11 @@ constexpr UINT SortDirectionText(SHORT direction) {
 // compare equal.
 int Compare(const Task& a, const Task& b, SHORT key, SHORT direction);
 
-// The collation key of one of a task's texts, made when a comparison first needs
-// it and kept for the rest of a sort, so that thousands of comparisons need not
-// each consult the collator.
+// The collation key of one of a task's texts, looked up when a comparison first
+// needs it and kept for the rest of a sort, so that thousands of comparisons
+// need not each consult the collator (list/collation_key_cache.h).
 struct LazyTextKey {
-  bool made = false;
-  std::string key;
+  const std::string* key = nullptr;
 };
 struct TaskTextKeys {
   LazyTextKey subject;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "list/collation_key_cache.h"
 #include "list/list_state.h"
 #include "list/sort_compare.h"
 #include "platform/lstrcmp.h"
@@ -78,6 +79,7 @@ void SortRows(std::vector<const Task*>& rows) {
   const SortPair primary = CurrentListState().primary;
   const SortRow& record = SortRecordFor(CurrentView());
   const CollationScope collation;
+  PrepareCollationKeyCache();
   const std::vector<SortPair> pairs = PairsInUse(primary, record);
   const bool by_text = UsesKey(pairs, kSortSubject) || UsesKey(pairs, kSortCategories);
   std::vector<TaskTextKeys> keys(by_text ? rows.size() : 0);

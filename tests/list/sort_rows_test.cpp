@@ -147,5 +147,22 @@ TEST_F(SortRowsTest, SortRowsKeepsTheOrderOfEqualRowsAndSurvivesUnknownKeys) {
   EXPECT_EQ(unchanged, rows);
 }
 
+TEST_F(SortRowsTest, KeysKeptBetweenSortsFollowTheLocale) {
+  SetAllRecords({{{3, 0}, {0, 0}, {0, 0}}});
+  TaskTable table = testing::MakeTable({T().Subject(L"zebra"), T().Subject(L"\u00F6l")});
+  const auto first_subject = [&] {
+    std::vector<const Task*> rows = {table[0].get(), table[1].get()};
+    SortRows(rows);
+    return rows[0]->subject;
+  };
+  {
+    locale::ScopedLocale german("de_DE");
+    EXPECT_EQ(L"\u00F6l", first_subject());  // ö sorts with o
+    EXPECT_EQ(L"\u00F6l", first_subject());
+  }
+  locale::ScopedLocale swedish("sv_SE");
+  EXPECT_EQ(L"zebra", first_subject());  // ö comes after z
+}
+
 }  // namespace
 }  // namespace velmo
