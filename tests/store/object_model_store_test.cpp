@@ -32,42 +32,23 @@ class ObjectModelStoreTest : public StoreTest {
 };
 
 TEST_F(ObjectModelStoreTest, ChoicesWrittenAndReadBack) {
-  const DATE base = MakeDate(2024, 5, 29);
-  const struct {
-    int choice;
-    LONG type, interval, mask, day, instance, month;
-    DATE end;
-    LONG occurrences;
-  } cases[] = {
-      {1, kRecursDaily, 1, 0, 0, 0, 0, MakeDate(2024, 6, 7), 10},
-      {3, kRecursWeekly, 2, WeekdayBit(3), 0, 0, 0, MakeDate(2024, 7, 10), 4},
-      {6, kRecursMonthNth, 1, WeekdayBit(3), 0, kLastInstance, 0, kNoDate, 0},
-      {11, kRecursMonthly, 6, 0, 29, 0, 0, kNoDate, 0},
-      {12, kRecursYearly, 1, 0, 29, 0, 5, MakeDate(2027, 5, 29), 4},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(WriteRecurrenceToItem(item_, c.choice, base, c.end), c.occurrences) << c.choice;
-    bool recurring = false;
-    RecurrencePattern p;
-    ASSERT_EQ(ReadRecurrenceFromItem(item_, &recurring, &p), S_OK);
-    ASSERT_TRUE(recurring) << c.choice;
-    EXPECT_EQ(p.RecurrenceType, c.type) << c.choice;
-    if (c.type != kRecursYearly) {
-      EXPECT_EQ(p.Interval, c.interval) << c.choice;
-    }
-    EXPECT_EQ(p.DayOfWeekMask, c.mask) << c.choice;
-    EXPECT_EQ(p.DayOfMonth, c.day) << c.choice;
-    EXPECT_EQ(p.Instance, c.instance) << c.choice;
-    EXPECT_EQ(p.MonthOfYear, c.month) << c.choice;
-    EXPECT_EQ(p.PatternStartDate, base) << c.choice;
-    EXPECT_EQ(p.NoEndDate != FALSE, c.end == kNoDate) << c.choice;
-  }
-  // The custom pattern keeps its fields and gets the new end.
-  EXPECT_EQ(CountChoiceOccurrences(Store().app, item_, kCustomPattern, base, MakeDate(2026, 5, 29)), 3);
-  EXPECT_EQ(CountChoiceOccurrences(Store().app, item_, 1, base, MakeDate(2024, 5, 31)), 3);
-  WriteRecurrenceToItem(item_, kOccursOnce, base, kNoDate);
-  bool recurring = true;
+  const DATE base = MakeDate(2024, 5, 29);  // a Wednesday in the month's last week
+  EXPECT_EQ(WriteRecurrenceToItem(item_, 6, base, MakeDate(2024, 9, 30)), 5);
+  bool recurring = false;
   RecurrencePattern p;
+  ASSERT_EQ(ReadRecurrenceFromItem(item_, &recurring, &p), S_OK);
+  ASSERT_TRUE(recurring);
+  EXPECT_EQ(p.RecurrenceType, kRecursMonthNth);
+  EXPECT_EQ(p.DayOfWeekMask, WeekdayBit(3));
+  EXPECT_EQ(p.Instance, kLastInstance);
+  EXPECT_EQ(p.PatternStartDate, base);
+  EXPECT_FALSE(p.NoEndDate);
+
+  // The custom pattern keeps its fields; a fixed choice is counted on a scratch item.
+  EXPECT_EQ(CountChoiceOccurrences(Store().app, item_, kCustomPattern, base, MakeDate(2024, 12, 31)), 8);
+  EXPECT_EQ(CountChoiceOccurrences(Store().app, item_, 1, base, MakeDate(2024, 5, 31)), 3);
+  EXPECT_EQ(WriteRecurrenceToItem(item_, 1, base, kNoDate), 0) << "no end";
+  WriteRecurrenceToItem(item_, kOccursOnce, base, kNoDate);
   EXPECT_EQ(ReadRecurrenceFromItem(item_, &recurring, &p), S_OK);
   EXPECT_FALSE(recurring);
 }
