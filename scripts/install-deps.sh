@@ -7,7 +7,7 @@ packages=(
   libgdk-pixbuf-2.0-dev
   googletest libgtest-dev libbenchmark-dev
   tmux dbus dbus-user-session clang libclang-rt-14-dev
-  sqlite3 hyperfine taskwarrior xdg-utils
+  sqlite3 hyperfine taskwarrior jq xdg-utils
 )
 missing=()
 for p in "${packages[@]}"; do
