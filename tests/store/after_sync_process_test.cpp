@@ -3,10 +3,12 @@
 
 #include <cmath>
 #include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/notify.h"
-#include "platform/wstr.h"
 #include "store/task_props.h"
 #include "tests/app/child_process.h"
 #include "tests/store/store_fixture.h"
@@ -32,10 +34,18 @@ class AfterSyncProcessTest : public StoreTest {
                          .Int(kPropReminderSet, 1)
                          .Int(kPropNotificationHandle, static_cast<LONG>(handle)));
   }
-  static std::vector<notify::PendingNotification> Pending() {
-    std::vector<notify::PendingNotification> all;
-    EXPECT_TRUE(notify::ListUserNotifications(&all));
-    return all;
+  // The lines of `velmo notifications`: handle, time, application, arguments, ...
+  static std::vector<std::vector<std::string>> Notifications() {
+    ChildProcess velmo(VELMO_BIN, {"notifications"});
+    EXPECT_EQ(velmo.Wait(), 0) << velmo.error_output();
+    std::vector<std::vector<std::string>> lines;
+    std::istringstream out(velmo.output());
+    for (std::string line; std::getline(out, line);) {
+      std::istringstream fields(line);
+      lines.emplace_back();
+      for (std::string f; std::getline(fields, f, '\t');) lines.back().push_back(f);
+    }
+    return lines;
   }
 };
 
@@ -53,16 +63,17 @@ TEST_F(AfterSyncProcessTest, PassRepairsRemindersThenFindsNothingToDo) {
 
   std::string errors;
   ASSERT_EQ(RunToEnd(VELMO_TODO_BIN, {"AppRunAfterSync"}, &errors), 0) << errors;
-  auto pending = Pending();
+  auto pending = Notifications();
   ASSERT_EQ(pending.size(), 1u) << "the passed reminder's notification is gone";
-  EXPECT_EQ(pending[0].arguments, std::to_wstring(future));
-  EXPECT_EQ(pending[0].application, FromUtf8(std::filesystem::canonical(VELMO_TODO_BIN).string()));
+  ASSERT_GE(pending[0].size(), 4u);
+  EXPECT_EQ(pending[0][2], std::filesystem::canonical(VELMO_TODO_BIN).string());
+  EXPECT_EQ(pending[0][3], std::to_string(future));
 
   // Nothing changed since: the second pass ends at once and would not even
   // notice a notification that went missing.
-  CeClearUserNotification(notify::HandleOf(pending[0].handle));
+  CeClearUserNotification(notify::HandleOf(std::stoul(pending[0][0])));
   ASSERT_EQ(RunToEnd(VELMO_TODO_BIN, {"AppRunAfterSync"}, &errors), 0) << errors;
-  EXPECT_TRUE(Pending().empty());
+  EXPECT_TRUE(Notifications().empty());
   EXPECT_TRUE(errors.empty()) << errors;
 }
 
