@@ -33,9 +33,6 @@ TEST_F(RecordReaderTest, StoredValuesMapToFields) {
       {kPropSensitivity, 1, sensitivity, kSensitivityPrivate},
       {kPropSensitivity, 3, sensitivity, kSensitivityNormal},
       {kPropReminderBaseFlag, -2, [](const Task& t) { return t.reminder_base_flag; }, -2},
-      {kPropTeamTask, 1, [](const Task& t) { return LONG{t.team_task}; }, 1},
-      {kPropReminderOptions, -1, [](const Task& t) { return t.reminder_options; }, -1},
-      {kPropNotificationHandle, 77, [](const Task& t) { return LONG(t.notification_handle); }, 77},
   };
   for (const Case& c : cases) {
     const CEOID oid = AddRecord(Props().Int(c.id, c.stored));
@@ -45,17 +42,15 @@ TEST_F(RecordReaderTest, StoredValuesMapToFields) {
 
 TEST_F(RecordReaderTest, AbsentAndMistypedPropertiesReadAsInitialValues) {
   const CEOID oid = AddRecord(Props()
-                                  .Int(0x00370003, 5)          // a subject that is a number
-                                  .Text(0x0026001F, L"high")             // an importance that is text
+                                  .Int(0x00370003, 5)         // a subject that is a number
+                                  .Text(0x0026001F, L"high")  // an importance that is text
                                   .Date(kPropDueDate, MakeDate(2024, 6, 1)));
   const Task task = Read(oid);
   EXPECT_EQ(task.oid, oid);
   EXPECT_EQ(task.subject, L"");
   EXPECT_EQ(task.importance, kImportanceNormal);
   EXPECT_EQ(task.due_date, MakeDate(2024, 6, 1));
-  EXPECT_EQ(task.start_date, kNoDate);
   EXPECT_EQ(task.categories, L"");
-  EXPECT_EQ(task.reminder_sound, L"");
 }
 
 TEST_F(RecordReaderTest, NotesState) {
