@@ -95,12 +95,5 @@ TEST_F(HandoverTest, EveryCodeButAfterSyncDismissesAnOpenMessageBox) {
   }
 }
 
-TEST_F(HandoverTest, CopyDataPayloadIsReadAsTheTaskIdentifier) {
-  const char16_t text[] = u"1002";
-  COPYDATASTRUCT record{app::kHandoverSelect, sizeof text, const_cast<char16_t*>(text)};
-  EXPECT_EQ(SendMessageW(window_, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record)), 1);
-  EXPECT_EQ(Selected(), 1002u);
-}
-
 }  // namespace
 }  // namespace velmo::testing

@@ -76,18 +76,5 @@ TEST_F(MenusTest, LeftSoftKeyNamesWhatItDoesToTheSelectedTask) {
   EXPECT_NE(SoftKeyRow().find(L"Menu"), std::wstring::npos);
 }
 
-TEST_F(MenusTest, MenuOpensFromTheRightSoftKeyAndItsNumbersChoose) {
-  Load({T().Subject(L"Open"), T().Subject(L"Done").Done(Day(0))});
-  screen_.TypeKey(VK_TSOFT2);
-  screen_.AddIdleStep([&] {
-    EXPECT_TRUE(screen_.Contains(L"1 New"));
-    EXPECT_TRUE(screen_.Contains(L"3 View"));
-    screen_.TypeText(L"3");  // View
-    screen_.AddIdleStep([&] { screen_.TypeText(L"4"); });  // Completed
-  });
-  Pump();
-  EXPECT_EQ(Title(), L"Completed [1]");
-}
-
 }  // namespace
 }  // namespace velmo::testing
