@@ -25,6 +25,7 @@ void PumpDatabaseChanges() {
       g_lost = db;
       continue;
     }
+    if (g_lost == db) g_lost = nullptr;  // readable again: a later loss is news
     for (const cedb::DbChange& change : changes) {
       CENOTIFICATION* n = cedb::NewNotification(db, change);
       if (n && !PostMessageW(request.hwnd, change.uType, 0, reinterpret_cast<LPARAM>(n)))
