@@ -62,6 +62,7 @@ void AppendItems(HMENU menu, const res::MenuDef& def) {
   }
 }
 
+// The text must outlive the key's use (the bar copies it).
 SOFTKEY SoftKey(const std::wstring& text, UINT command, HMENU menu) {
   return SOFTKEY{text.c_str(), command, menu};
 }
@@ -150,8 +151,8 @@ bool ActsOnSelectedTask(UINT command) {
 
 void ShowListSoftKeys() {
   HWND window = MainWindow().window;
-  const std::wstring menu = res::Text(res::kTextMenu);
-  SOFTKEY left = SoftKey(L"", 0, nullptr);
+  const std::wstring menu = res::Text(res::kTextMenu), none;
+  SOFTKEY left = SoftKey(none, 0, nullptr);
   SOFTKEY right = SoftKey(menu, 0, MainWindow().main_menu);
   if (HWND bar = SHFindMenuBar(window)) {
     SetSoftKey(bar, SK_RIGHT, &right);
@@ -173,7 +174,7 @@ void UpdateListSoftKeys() {
     for (const LeftKeyText& t : kLeftKeyTexts)
       if (t.command == command) text_id = t.text_id;
   }
-  const std::wstring text = text_id ? res::Text(text_id) : L"";
+  const std::wstring text = text_id ? res::Text(text_id) : std::wstring();
   SOFTKEY left = SoftKey(text, command, nullptr);
   SetSoftKey(bar, SK_LEFT, &left);
   EnableSoftKey(bar, SK_LEFT, !ActsOnSelectedTask(command) || task != nullptr);
