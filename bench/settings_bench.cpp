@@ -15,7 +15,7 @@ class ScratchRoot {
     std::string pattern = (std::filesystem::temp_directory_path() / "velmo-bench-XXXXXX").string();
     path_ = mkdtemp(pattern.data()) ? pattern : "/tmp/velmo-bench";
     velmo::device::SetRoot(path_);
-    velmo::SetProgramFilePathForTesting(L"/usr/bin/velmo-todo");
+    velmo::SetProgramFilePath(L"/usr/bin/velmo-todo");
   }
   ~ScratchRoot() { std::filesystem::remove_all(path_); }
 

@@ -37,7 +37,7 @@ void MakeRoot() {
     device::SetRoot(root);
     setenv("VELMO_ROOT", root.c_str(), 1);
     std::atexit([] { std::filesystem::remove_all(root); });
-    SetProgramFilePathForTesting(L"/usr/bin/velmo-todo");
+    SetProgramFilePath(L"/usr/bin/velmo-todo");
     return cedb::EnsureDeviceVolume();
   }();
   benchmark::DoNotOptimize(made);

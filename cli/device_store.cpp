@@ -17,7 +17,7 @@ namespace {
 // beside this command, never to the command itself.
 void UseProgramBeside() {
   const std::filesystem::path self(ToUtf8(ProgramFilePath()));
-  SetProgramFilePathForTesting(FromUtf8((self.parent_path() / "velmo-todo").string()));
+  SetProgramFilePath(FromUtf8((self.parent_path() / "velmo-todo").string()));
 }
 
 }  // namespace

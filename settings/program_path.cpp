@@ -7,16 +7,16 @@
 
 namespace velmo {
 namespace {
-std::wstring g_path_for_testing;
+std::wstring g_path_override;
 }
 
 std::wstring ProgramFilePath() {
-  if (!g_path_for_testing.empty()) return g_path_for_testing;
+  if (!g_path_override.empty()) return g_path_override;
   std::error_code ec;
   const std::filesystem::path exe = std::filesystem::read_symlink("/proc/self/exe", ec);
   return ec ? std::wstring() : FromUtf8(exe.string());
 }
 
-void SetProgramFilePathForTesting(const std::wstring& path) { g_path_for_testing = path; }
+void SetProgramFilePath(const std::wstring& path) { g_path_override = path; }
 
 }  // namespace velmo

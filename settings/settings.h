@@ -188,9 +188,10 @@ constexpr UINT kCommandApplyDefaultView = 40047;
 // registry result.
 LONG ResetSettings(DWORD groups, DWORD* effects = nullptr, Settings& s = CurrentSettings());
 
-// The program file path registered for the after-synchronisation start: the
-// running executable, unless a test has set another.
+// The program file path registered for the after-synchronisation start and
+// named in reminders: the running executable, unless another was set (the
+// companion names the velmo-todo beside it; tests name a fixed one).
 std::wstring ProgramFilePath();
-void SetProgramFilePathForTesting(const std::wstring& path);  // empty: the real one
+void SetProgramFilePath(const std::wstring& path);  // empty: the running executable
 
 }  // namespace velmo

@@ -13,8 +13,8 @@ namespace velmo::testing {
 class SettingsTest : public DeviceTest {
  protected:
   static constexpr const wchar_t* kProgram = L"/opt/velmo/bin/velmo-todo";
-  void SetUp() override { SetProgramFilePathForTesting(kProgram); }
-  void TearDown() override { SetProgramFilePathForTesting(L""); }
+  void SetUp() override { SetProgramFilePath(kProgram); }
+  void TearDown() override { SetProgramFilePath(L""); }
 
   // A registry holding every value of a first start, saved.
   void SaveFirstStart() {

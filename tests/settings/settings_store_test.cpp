@@ -165,7 +165,7 @@ TEST_F(SettingsTest, AMissingOrMisshapenValueKeepsItsDefaultAndAsksForASave) {
 
 TEST_F(SettingsTest, AMovedProgramReRegistersAndRewritesPath) {
   SaveFirstStart();
-  SetProgramFilePathForTesting(L"/home/user/bin/velmo-todo");
+  SetProgramFilePath(L"/home/user/bin/velmo-todo");
   Settings s;
   EXPECT_EQ(1, LoadSettings(s));
   EXPECT_EQ(L"/home/user/bin/velmo-todo", s.path);
