@@ -99,6 +99,17 @@ std::wstring FormatId(UINT id, std::initializer_list<std::wstring_view> inserts)
   return Format(Text(id), inserts);
 }
 
+std::vector<UINT> DuplicateStringIds() {
+  std::vector<UINT> ids;
+  for (const Entry& e : kTable) ids.push_back(e.id);
+  std::sort(ids.begin(), ids.end());
+  std::vector<UINT> duplicates;
+  for (size_t i = 1; i < ids.size(); ++i)
+    if (ids[i] == ids[i - 1] && (duplicates.empty() || duplicates.back() != ids[i]))
+      duplicates.push_back(ids[i]);
+  return duplicates;
+}
+
 bool LoadLanguageFile(const std::string& path) {
   if (path.empty()) {
     ActiveTable() = BuiltInTable();

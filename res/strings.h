@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/wintypes.h"
 
@@ -27,6 +28,10 @@ std::wstring FormatId(UINT id, std::initializer_list<std::wstring_view> inserts)
 // "number<TAB>text", escapes \r \n \t \\); an empty path restores the program's own.
 // Returns false when the file cannot be read.
 bool LoadLanguageFile(const std::string& path);
+
+// Numbers that stand more than once in the program's own table (each area keeps
+// its entries in its own file, so a clash is easy to miss).
+std::vector<UINT> DuplicateStringIds();
 
 }  // namespace velmo::res
 

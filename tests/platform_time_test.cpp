@@ -69,6 +69,7 @@ TEST(StringTable, FormatsInsertsAndLoadsByNumber) {
   wchar_t buf[6];
   EXPECT_EQ(LoadStringW(nullptr, 121, buf, 6), 5);
   EXPECT_STREQ(buf, L"Velmo");
+  EXPECT_EQ(res::DuplicateStringIds(), std::vector<UINT>{}) << "a number used twice";
 }
 
 }  // namespace
