@@ -25,6 +25,15 @@ namespace {
 constexpr const wchar_t* kClass = L"Velmo ToDo List";
 constexpr const wchar_t* kMutexName = L"_VELMO_TODO_MUTEX_";
 
+// A socket connected to the path, or -1.
+int ConnectTo(const std::string& path) {
+  const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::strcpy(address.sun_path, path.c_str());
+  return connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 ? fd : -1;
+}
+
 // Every test gets a fresh device root and its own runtime folder, and collects
 // what the channel logs.
 class IpcTest : public testing::DeviceTest {
@@ -51,11 +60,8 @@ class IpcTest : public testing::DeviceTest {
 
   // Connects a raw socket to the listener, sends bytes and closes.
   void SendRaw(const Listener& listener, const std::vector<BYTE>& bytes) {
-    const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strcpy(address.sun_path, listener.socket_path().c_str());
-    ASSERT_EQ(connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    const int fd = ConnectTo(listener.socket_path());
+    ASSERT_GE(fd, 0);
     ASSERT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL),
               static_cast<ssize_t>(bytes.size()));
     close(fd);
@@ -249,21 +255,14 @@ TEST_F(IpcTest, SenderRefusesBadRecordsAndGivesUpOnAHungReceiver) {
   ASSERT_NE(window, nullptr);
   COPYDATASTRUCT oversize{0, kMaxPayload + 1, &listener};
   COPYDATASTRUCT no_bytes{0, 4, nullptr};
-  struct Case {
-    HWND window;
-    UINT message;
-    const COPYDATASTRUCT* record;
-    DWORD error;
-  } cases[] = {
-      {nullptr, WM_COPYDATA, &no_bytes, ERROR_INVALID_PARAMETER},
-      {window, WM_COMMAND, &oversize, ERROR_INVALID_PARAMETER},
-      {window, WM_COPYDATA, nullptr, ERROR_INVALID_PARAMETER},
-      {window, WM_COPYDATA, &oversize, ERROR_INVALID_PARAMETER},
-      {window, WM_COPYDATA, &no_bytes, ERROR_INVALID_PARAMETER},
+  struct Case { HWND window; UINT message; const COPYDATASTRUCT* record; } cases[] = {
+      {nullptr, WM_COPYDATA, &no_bytes}, {window, WM_COMMAND, &oversize},
+      {window, WM_COPYDATA, nullptr},    {window, WM_COPYDATA, &oversize},
+      {window, WM_COPYDATA, &no_bytes},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(SendMessageW(c.window, c.message, 0, reinterpret_cast<LPARAM>(c.record), 200), 0);
-    EXPECT_EQ(GetLastError(), c.error);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
   }
   COPYDATASTRUCT empty{3, 0, nullptr};
   EXPECT_EQ(SendMessageW(nullptr, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&empty), 200), 0);
@@ -290,32 +289,21 @@ TEST_F(IpcTest, MalformedMessagesAreRefusedAndTheReceiverGoesOn) {
     bytes.resize(bytes.size() + payload, 'x');
     return bytes;
   };
-  wire::Header bad_magic;
-  bad_magic.magic = 0x12345678;
-  wire::Header bad_version;
-  bad_version.version = 9;
-  wire::Header unknown_kind;
-  unknown_kind.kind = static_cast<wire::Kind>(7);
-  wire::Header reply;
-  reply.kind = wire::Kind::kReply;
-  wire::Header too_large;
-  too_large.size = kMaxPayload + 1;
-  wire::Header short_payload;
-  short_payload.size = 20;
-  wire::Header dismiss_with_payload;
-  dismiss_with_payload.kind = wire::Kind::kDismissDialogs;
-  dismiss_with_payload.size = 4;
-  struct Case {
-    std::vector<BYTE> bytes;
-    const char* logged;
-  } cases[] = {
-      {frame(bad_magic, 0), "bad magic"},
-      {frame(bad_version, 0), "unsupported version 9"},
-      {frame(unknown_kind, 0), "unknown kind 7"},
-      {frame(reply, 0), "a reply is no request"},
-      {frame(too_large, 0), "exceeds"},
-      {frame(short_payload, 10), "payload shorter"},
-      {frame(dismiss_with_payload, 4), "unexpected payload"},
+  // A default header with one field changed.
+  auto with = [](auto change) {
+    wire::Header h;
+    change(h);
+    return h;
+  };
+  struct Case { std::vector<BYTE> bytes; const char* logged; } cases[] = {
+      {frame(with([](auto& h) { h.magic = 0x12345678; }), 0), "bad magic"},
+      {frame(with([](auto& h) { h.version = 9; }), 0), "unsupported version 9"},
+      {frame(with([](auto& h) { h.kind = static_cast<wire::Kind>(7); }), 0), "unknown kind 7"},
+      {frame(with([](auto& h) { h.kind = wire::Kind::kReply; }), 0), "a reply is no request"},
+      {frame(with([](auto& h) { h.size = kMaxPayload + 1; }), 0), "exceeds"},
+      {frame(with([](auto& h) { h.size = 20; }), 10), "payload shorter"},
+      {frame(with([](auto& h) { h.kind = wire::Kind::kDismissDialogs, h.size = 4; }), 4),
+       "unexpected payload"},
       {{1, 2, 3}, "incomplete header"},
   };
   for (const Case& c : cases) {
@@ -327,11 +315,8 @@ TEST_F(IpcTest, MalformedMessagesAreRefusedAndTheReceiverGoesOn) {
   EXPECT_EQ(calls, 0);
 
   // A sender that connects and says nothing cannot hold the receiver.
-  const int silent = socket(AF_UNIX, SOCK_STREAM, 0);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  std::strcpy(address.sun_path, listener.socket_path().c_str());
-  ASSERT_EQ(connect(silent, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  const int silent = ConnectTo(listener.socket_path());
+  ASSERT_GE(silent, 0);
   const auto start = std::chrono::steady_clock::now();
   EXPECT_FALSE(listener.ReceiveOne(handlers, 200));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
@@ -354,11 +339,8 @@ TEST_F(IpcTest, AnotherUsersConnectionIsRefused) {
   const pid_t child = fork();
   if (child == 0) {
     if (setgid(65534) != 0 || setuid(65534) != 0) _exit(2);
-    const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strcpy(address.sun_path, listener.socket_path().c_str());
-    if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) _exit(3);
+    const int fd = ConnectTo(listener.socket_path());
+    if (fd < 0) _exit(3);
     const wire::HeaderBytes raw = wire::Encode(wire::Header{});
     (void)!send(fd, raw.data(), raw.size(), MSG_NOSIGNAL);
     char answer[16];

@@ -5,6 +5,7 @@
 #include <unicode/locid.h>
 #include <unicode/smpdtfmt.h>
 
+#include <iterator>
 #include <memory>
 #include <optional>
 
@@ -42,45 +43,25 @@ SYSTEMTIME At(int y, int mo, int d, int h = 0, int mi = 0, int s = 0) {
 // month-first, day-first with leading zeros, four-digit years, year-first,
 // 12-hour with the marker first.
 TEST(LocaleInfo, ValuesOfRealLocales) {
-  struct Case {
-    const char* locale;
-    const wchar_t* short_date;
-    const wchar_t* century;
-    const wchar_t* order;
-    const wchar_t* date_separator;
-    const wchar_t* day_zero;
-    const wchar_t* month_zero;
-    const wchar_t* hour_zero;
-    const wchar_t* time_format;
-    const wchar_t* time_separator;
-    const wchar_t* time_picture;
-    LCID lcid;
-  } cases[] = {
-      {"en_US", L"M/d/yy", L"0", L"0", L"/", L"0", L"0", L"0", L"0", L":", L"h:mm:ss tt", 0x409},
-      {"de_DE", L"dd.MM.yy", L"0", L"1", L".", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss", 0x407},
-      {"fr_FR", L"dd/MM/yyyy", L"1", L"1", L"/", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss",
-       0x40C},
-      {"ja_JP", L"yyyy/MM/dd", L"1", L"2", L"/", L"1", L"1", L"0", L"1", L":", L"H:mm:ss", 0x411},
-      {"en_GB", L"dd/MM/yyyy", L"1", L"1", L"/", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss",
-       0x809},
-      {"ko_KR", L"yy. M. d.", L"0", L"2", L". ", L"0", L"0", L"0", L"0", L":", L"tt h:mm:ss",
-       0x412},
-      {"fi_FI", L"d.M.yyyy", L"1", L"1", L".", L"0", L"0", L"0", L"1", L".", L"H.mm.ss", 0x40B},
+  // Each locale's values in the order of kTypes, then its identifier.
+  constexpr LCTYPE kTypes[] = {LOCALE_SSHORTDATE, LOCALE_ICENTURY,  LOCALE_IDATE, LOCALE_SDATE,
+                               LOCALE_IDAYLZERO,  LOCALE_IMONLZERO, LOCALE_ITLZERO, LOCALE_ITIME,
+                               LOCALE_STIME,      LOCALE_STIMEFORMAT};
+  struct Case { const char* locale; const wchar_t* values[10]; LCID lcid; } cases[] = {
+      {"en_US", {L"M/d/yy", L"0", L"0", L"/", L"0", L"0", L"0", L"0", L":", L"h:mm:ss tt"}, 0x409},
+      {"de_DE", {L"dd.MM.yy", L"0", L"1", L".", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss"}, 0x407},
+      {"fr_FR", {L"dd/MM/yyyy", L"1", L"1", L"/", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss"}, 0x40C},
+      {"ja_JP", {L"yyyy/MM/dd", L"1", L"2", L"/", L"1", L"1", L"0", L"1", L":", L"H:mm:ss"}, 0x411},
+      {"en_GB", {L"dd/MM/yyyy", L"1", L"1", L"/", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss"}, 0x809},
+      {"ko_KR", {L"yy. M. d.", L"0", L"2", L". ", L"0", L"0", L"0", L"0", L":", L"tt h:mm:ss"}, 0x412},
+      {"fi_FI", {L"d.M.yyyy", L"1", L"1", L".", L"0", L"0", L"0", L"1", L".", L"H.mm.ss"}, 0x40B},
   };
   for (const Case& c : cases) {
     ScopedLocale locale(c.locale);
     SCOPED_TRACE(c.locale);
     EXPECT_EQ(GetUserDefaultLCID(), c.lcid);
-    EXPECT_EQ(Info(LOCALE_SSHORTDATE), c.short_date);
-    EXPECT_EQ(Info(LOCALE_ICENTURY), c.century);
-    EXPECT_EQ(Info(LOCALE_IDATE), c.order);
-    EXPECT_EQ(Info(LOCALE_SDATE), c.date_separator);
-    EXPECT_EQ(Info(LOCALE_IDAYLZERO), c.day_zero);
-    EXPECT_EQ(Info(LOCALE_IMONLZERO), c.month_zero);
-    EXPECT_EQ(Info(LOCALE_ITLZERO), c.hour_zero);
-    EXPECT_EQ(Info(LOCALE_ITIME), c.time_format);
-    EXPECT_EQ(Info(LOCALE_STIME), c.time_separator);
-    EXPECT_EQ(Info(LOCALE_STIMEFORMAT), c.time_picture);
+    for (size_t i = 0; i < std::size(kTypes); ++i)
+      EXPECT_EQ(Info(kTypes[i]), c.values[i]) << "type " << kTypes[i];
   }
 }
 
@@ -185,12 +166,8 @@ TEST(TimeFormat, PictureElementsAndFlags) {
   ScopedLocale locale("en_US");
   const SYSTEMTIME night = At(2026, 3, 5, 0, 5, 9);
   const SYSTEMTIME afternoon = At(2026, 3, 5, 13, 45, 30);
-  struct Case {
-    const SYSTEMTIME* t;
-    const wchar_t* picture;
-    DWORD flags;
-    const wchar_t* text;
-  } cases[] = {
+  struct Case { const SYSTEMTIME* t; const wchar_t* picture; DWORD flags; const wchar_t* text; }
+  cases[] = {
       {&night, L"h hh H HH m mm s ss t tt", 0, L"12 12 0 00 5 05 9 09 A AM"},
       {&afternoon, L"h hh H HH m mm s ss t tt", 0, L"1 01 13 13 45 45 30 30 P PM"},
       {&afternoon, L"h:mm:ss tt", TIME_NOSECONDS, L"1:45 PM"},
@@ -212,17 +189,16 @@ TEST(TimeFormat, PictureElementsAndFlags) {
 
 TEST(TimeFormat, RefusesBadTimesAndFlags) {
   wchar_t buffer[20];
-  SYSTEMTIME t = At(2026, 3, 5, 24, 0, 0);
-  EXPECT_EQ(GetTimeFormatW(0, 0, &t, L"HH", buffer, 20), 0);
-  EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-  t = At(2026, 3, 5, 10, 60, 0);
-  EXPECT_EQ(GetTimeFormatW(0, 0, &t, L"HH", buffer, 20), 0);
-  EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-  t = At(2026, 3, 5, 10, 0, 0);
-  EXPECT_EQ(GetTimeFormatW(0, DATE_YEARMONTH << 4, &t, L"HH", buffer, 20), 0);
-  EXPECT_EQ(GetLastError(), ERROR_INVALID_FLAGS);
-  EXPECT_EQ(GetTimeFormatW(0, 0, &t, L"HH:mm", buffer, -1), 0);
-  EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+  struct Case { SYSTEMTIME t; DWORD flags; int size; DWORD error; } const cases[] = {
+      {At(2026, 3, 5, 24, 0, 0), 0, 20, ERROR_INVALID_PARAMETER},
+      {At(2026, 3, 5, 10, 60, 0), 0, 20, ERROR_INVALID_PARAMETER},
+      {At(2026, 3, 5, 10, 0, 0), DATE_YEARMONTH << 4, 20, ERROR_INVALID_FLAGS},
+      {At(2026, 3, 5, 10, 0, 0), 0, -1, ERROR_INVALID_PARAMETER},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(GetTimeFormatW(0, c.flags, &c.t, L"HH:mm", buffer, c.size), 0) << c.t.wHour;
+    EXPECT_EQ(GetLastError(), c.error);
+  }
 }
 
 // The pictures, applied by the platform's formatter, show what ICU itself shows
@@ -258,6 +234,10 @@ TEST(DateFormat, AgreesWithIcuForRealLocales) {
   }
 }
 
+void SetOrUnset(const char* name, const char* value) {
+  value ? setenv(name, value, 1) : unsetenv(name);
+}
+
 // The environment names the locale: LC_ALL, then LC_TIME, then LANG, the first
 // that is set and not empty; the override of a test comes before all of them.
 class LocaleEnvironment : public ::testing::Test {
@@ -270,45 +250,28 @@ class LocaleEnvironment : public ::testing::Test {
     }
   }
   void TearDown() override {
-    for (size_t i = 0; i < saved_.size(); ++i) {
-      if (saved_[i]) {
-        setenv(kVariables[i], saved_[i]->c_str(), 1);
-      } else {
-        unsetenv(kVariables[i]);
-      }
-    }
+    for (size_t i = 0; i < saved_.size(); ++i)
+      SetOrUnset(kVariables[i], saved_[i] ? saved_[i]->c_str() : nullptr);
   }
   static constexpr const char* kVariables[] = {"LC_ALL", "LC_TIME", "LANG"};
   std::vector<std::optional<std::string>> saved_;
 };
 
 TEST_F(LocaleEnvironment, FirstNonEmptyVariableWins) {
-  struct Case {
-    const char* lc_all;
-    const char* lc_time;
-    const char* lang;
-    const char* expected;
-  } cases[] = {
-      {nullptr, nullptr, nullptr, "en_US"},
-      {nullptr, nullptr, "de_DE.UTF-8", "de_DE"},
-      {nullptr, "fr_FR.UTF-8", "de_DE.UTF-8", "fr_FR"},
-      {"ja_JP.UTF-8", "fr_FR.UTF-8", "de_DE.UTF-8", "ja_JP"},
-      {"", "", "en_GB.UTF-8", "en_GB"},
-      {"C", "fr_FR.UTF-8", nullptr, "en_US"},
-      {"POSIX", nullptr, nullptr, "en_US"},
-      {"C.UTF-8", nullptr, nullptr, "en_US"},
-      {"de_DE@euro", nullptr, nullptr, "de_DE"},
-      {"sr_RS.UTF-8@latin", nullptr, nullptr, "sr_Latn_RS"},
+  struct Case { const char* values[3]; const char* expected; } cases[] = {
+      {{nullptr, nullptr, nullptr}, "en_US"},
+      {{nullptr, nullptr, "de_DE.UTF-8"}, "de_DE"},
+      {{nullptr, "fr_FR.UTF-8", "de_DE.UTF-8"}, "fr_FR"},
+      {{"ja_JP.UTF-8", "fr_FR.UTF-8", "de_DE.UTF-8"}, "ja_JP"},
+      {{"", "", "en_GB.UTF-8"}, "en_GB"},
+      {{"C", "fr_FR.UTF-8", nullptr}, "en_US"},
+      {{"POSIX", nullptr, nullptr}, "en_US"},
+      {{"C.UTF-8", nullptr, nullptr}, "en_US"},
+      {{"de_DE@euro", nullptr, nullptr}, "de_DE"},
+      {{"sr_RS.UTF-8@latin", nullptr, nullptr}, "sr_Latn_RS"},
   };
   for (const Case& c : cases) {
-    const char* values[] = {c.lc_all, c.lc_time, c.lang};
-    for (size_t i = 0; i < 3; ++i) {
-      if (values[i]) {
-        setenv(kVariables[i], values[i], 1);
-      } else {
-        unsetenv(kVariables[i]);
-      }
-    }
+    for (size_t i = 0; i < 3; ++i) SetOrUnset(kVariables[i], c.values[i]);
     EXPECT_EQ(CurrentLocaleName(), c.expected) << c.expected;
   }
   setenv("LC_ALL", "de_DE.UTF-8", 1);

@@ -1,5 +1,7 @@
 #include "tests/platform/poom_fixture.h"
 
+#include <cstdlib>
+
 #include "platform/localmem.h"
 #include "platform/oletime.h"
 
@@ -40,6 +42,13 @@ CEOID PoomTest::NewTask(const wchar_t* subject, DATE start, DATE due) {
 ITask* PoomTest::Item(CEOID oid) {
   ITask* item = nullptr;
   EXPECT_EQ(app_->GetItemFromOid(oid, &item), S_OK) << "record " << oid;
+  return item;
+}
+
+ITask* PoomTest::Fresh() {
+  ITask* item = nullptr;
+  EXPECT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+  if (!item) std::abort();  // nothing else can run without an item
   return item;
 }
 
@@ -106,6 +115,18 @@ std::wstring TextOf(HRESULT (ITask::*get)(BSTR*), ITask* item) {
   std::wstring out = text ? text : L"";
   SysFreeString(text);
   return out;
+}
+
+CEOID OidOf(ITask* item) {
+  CEOID oid = 0;
+  item->get_Oid(&oid);
+  return oid;
+}
+
+DATE ReminderOf(ITask* item) {
+  DATE reminder = 0;
+  item->get_ReminderTime(&reminder);
+  return reminder;
 }
 
 }  // namespace velmo::testing

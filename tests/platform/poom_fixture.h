@@ -30,6 +30,8 @@ class PoomTest : public DeviceTest {
   CEOID NewTask(const wchar_t* subject, DATE start = kNoDate, DATE due = kNoDate);
   // The item of the record (the test fails when there is none).
   ITask* Item(CEOID oid);
+  // A new, unsaved item (the test fails when there is none).
+  ITask* Fresh();
   // Every property of the record, by identifier; empty when it is gone.
   std::map<CEPROPID, RawProp> Raw(CEOID oid);
   // Writes properties straight into the record (0: a new record).
@@ -50,6 +52,9 @@ CEPROPVAL RawText(CEPROPID id, const wchar_t* text);
 template <typename T>
 struct Ref {
   T* p = nullptr;
+  Ref() = default;
+  explicit Ref(T* q) : p(q) {}
+  Ref(const Ref&) = delete;
   ~Ref() {
     if (p) p->Release();
   }
@@ -59,5 +64,8 @@ struct Ref {
 
 // A BSTR getter's text, the BSTR freed.
 std::wstring TextOf(HRESULT (ITask::*get)(BSTR*), ITask* item);
+// The item's record identifier and reminder time.
+CEOID OidOf(ITask* item);
+DATE ReminderOf(ITask* item);
 
 }  // namespace velmo::testing

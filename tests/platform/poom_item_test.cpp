@@ -11,8 +11,7 @@ namespace {
 using namespace velmo::poom;
 
 TEST_F(PoomTest, EveryFieldIsStoredInTheRecordFormat) {
-  Ref<ITask> item;
-  ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+  Ref<ITask> item{Fresh()};
   const DATE start = MakeDate(2025, 3, 10);
   const DATE due = MakeDate(2025, 3, 14);
   item->put_Subject(L"Call Müller");
@@ -28,8 +27,7 @@ TEST_F(PoomTest, EveryFieldIsStoredInTheRecordFormat) {
   item->put_ReminderOptions(olLED | olSound);
   item->put_ReminderSoundFile(L"alarm3");
   ASSERT_EQ(item->Save(), S_OK);
-  CEOID oid = 0;
-  item->get_Oid(&oid);
+  const CEOID oid = OidOf(item.p);
   ASSERT_NE(oid, 0u);
 
   auto raw = Raw(oid);
@@ -51,14 +49,11 @@ TEST_F(PoomTest, EveryFieldIsStoredInTheRecordFormat) {
   EXPECT_EQ(raw[kPropReminderSound].text, L"alarm3");
   EXPECT_EQ(raw.count(kPropNotificationHandle), 0u);
 
-  Ref<ITask> again;
-  again.p = Item(oid);
+  Ref<ITask> again{Item(oid)};
   ASSERT_NE(again.p, nullptr);
   EXPECT_EQ(TextOf(&ITask::get_Body, again.p), L"Price 5 \u20ac\r\nline two");
   EXPECT_EQ(TextOf(&ITask::get_Subject, again.p), L"Call Müller");
-  DATE reminder = 0;
-  again->get_ReminderTime(&reminder);
-  EXPECT_NEAR(reminder, due - 90.0 / 1440, 1e-9);
+  EXPECT_NEAR(ReminderOf(again.p), due - 90.0 / 1440, 1e-9);
   LONG importance = -1, sensitivity = -1;
   again->get_Importance(&importance);
   again->get_Sensitivity(&sensitivity);
@@ -67,12 +62,10 @@ TEST_F(PoomTest, EveryFieldIsStoredInTheRecordFormat) {
 }
 
 TEST_F(PoomTest, NotesOutsideTheCodePageBecomeQuestionMarks) {
-  Ref<ITask> item;
-  ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+  Ref<ITask> item{Fresh()};
   item->put_Body(L"\u65e5 ok");
   ASSERT_EQ(item->Save(), S_OK);
-  CEOID oid = 0;
-  item->get_Oid(&oid);
+  const CEOID oid = OidOf(item.p);
   EXPECT_EQ(Raw(oid)[kPropNotes].bytes, "? ok");
   item->put_Body(L"");
   ASSERT_EQ(item->Save(), S_OK);
@@ -103,8 +96,7 @@ TEST_F(PoomTest, StoredImportanceAndSensitivityRead) {
                             : RawI4(c.propid, c.stored);
     const CEOID oid = WriteRaw(0, {v});
     ASSERT_NE(oid, 0u);
-    Ref<ITask> item;
-    item.p = Item(oid);
+    Ref<ITask> item{Item(oid)};
     LONG value = -1;
     ASSERT_EQ((item.p->*c.get)(&value), S_OK);
     EXPECT_EQ(value, c.read) << std::hex << c.propid << " stored " << c.stored;
@@ -118,19 +110,16 @@ TEST_F(PoomTest, ImportanceAndSensitivityAreStoredEncoded) {
                      {olImportanceNormal, olPrivate, 2, 1},
                      {olImportanceHigh, olNormal, 1, 0}};
   for (const Case& c : cases) {
-    Ref<ITask> item;
-    ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+    Ref<ITask> item{Fresh()};
     ASSERT_EQ(item->put_Importance(c.importance), S_OK);
     ASSERT_EQ(item->put_Sensitivity(c.sensitivity), S_OK);
     ASSERT_EQ(item->Save(), S_OK);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
+    const CEOID oid = OidOf(item.p);
     auto raw = Raw(oid);
     EXPECT_EQ(raw[kPropImportance].number, c.stored_importance);
     EXPECT_EQ(raw[kPropSensitivity].number, c.stored_sensitivity);
   }
-  Ref<ITask> item;
-  ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+  Ref<ITask> item{Fresh()};
   EXPECT_EQ(item->put_Importance(3), E_INVALIDARG);
   EXPECT_EQ(item->put_Sensitivity(1), E_INVALIDARG);
   EXPECT_EQ(item->put_DueDate(1e12), E_INVALIDARG);
@@ -138,8 +127,7 @@ TEST_F(PoomTest, ImportanceAndSensitivityAreStoredEncoded) {
 
 TEST_F(PoomTest, SaveWritesOnlyWhatChanged) {
   const CEOID oid = NewTask(L"Before");
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   // Written straight into the record after the item was read.
   ASSERT_EQ(WriteRaw(oid, {RawText(kPropCategories, L"Direct"), RawI4(kPropNotificationHandle, 42),
                            RawI4(0x7777'0003, 5)}),
@@ -157,8 +145,7 @@ TEST_F(PoomTest, PropertiesOfAnotherTypeAreNotTheModels) {
   // The subject's identifier with a 32-bit value, importance as a string.
   const CEOID oid = WriteRaw(0, {RawI4(0x00370003, 9), RawText(0x0026001F, L"high")});
   ASSERT_NE(oid, 0u);
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   EXPECT_EQ(TextOf(&ITask::get_Subject, item.p), L"");
   LONG importance = -1;
   item->get_Importance(&importance);
@@ -172,8 +159,7 @@ TEST_F(PoomTest, PropertiesOfAnotherTypeAreNotTheModels) {
 
 TEST_F(PoomTest, ItemsWhoseRecordIsGone) {
   const CEOID oid = NewTask(L"Doomed");
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   ASSERT_TRUE(CeDeleteRecord(db_, oid));
   item->put_Subject(L"Too late");
   EXPECT_EQ(item->Save(), E_INVALIDARG);
@@ -202,13 +188,11 @@ TEST_F(PoomTest, ItemsWhoseRecordIsGone) {
 TEST_F(PoomTest, CopyMakesASavedTaskWithoutTheNotificationHandle) {
   const CEOID oid = NewTask(L"Original", MakeDate(2025, 1, 1), MakeDate(2025, 1, 2));
   ASSERT_EQ(WriteRaw(oid, {RawI4(kPropNotificationHandle, 7), RawI4(0x7777'0003, 5)}), oid);
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   item->put_Body(L"new notes");
   Ref<ITask> copy;
   ASSERT_EQ(item->Copy(&copy), S_OK);
-  CEOID copy_oid = 0;
-  copy->get_Oid(&copy_oid);
+  const CEOID copy_oid = OidOf(copy.p);
   EXPECT_NE(copy_oid, oid);
   EXPECT_EQ(Records(), (std::vector<CEOID>{oid, copy_oid}));
   auto copied = Raw(copy_oid);
@@ -225,8 +209,7 @@ TEST_F(PoomTest, CopyMakesASavedTaskWithoutTheNotificationHandle) {
 TEST_F(PoomTest, CompleteSetsAndClearsTheCompletionDate) {
   ScopedClock clock(MakeDate(2025, 6, 3, 14, 30));
   const CEOID oid = NewTask(L"Finish");
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   item->put_Complete(VARIANT_TRUE);
   ASSERT_EQ(item->Save(), S_OK);
   EXPECT_EQ(Raw(oid)[kPropComplete].number, 1);
@@ -245,14 +228,12 @@ TEST_F(PoomTest, ReminderIsStoredAsMinutesBeforeTheDueDate) {
     LONG minutes;
   } const cases[] = {{due - 1.5, 2160}, {due + 10.0 / 1440, -10}, {due, 0}};
   for (const Case& c : cases) {
-    Ref<ITask> item;
-    ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+    Ref<ITask> item{Fresh()};
     item->put_StartDate(start);
     item->put_DueDate(due);
     item->put_ReminderTime(c.reminder);
     ASSERT_EQ(item->Save(), S_OK);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
+    const CEOID oid = OidOf(item.p);
     auto raw = Raw(oid);
     EXPECT_EQ(raw[kPropReminderMinutes].number, c.minutes);
     EXPECT_NE(raw[kPropReminderBaseFlag].number, 0);
@@ -279,28 +260,21 @@ TEST_F(PoomTest, StoredReminderReadsFromItsBaseDate) {
   };
   for (const Case& c : cases) {
     const CEOID oid = WriteRaw(0, c.props);
-    Ref<ITask> item;
-    item.p = Item(oid);
-    DATE reminder = 0;
-    item->get_ReminderTime(&reminder);
-    EXPECT_NEAR(reminder, c.expected, 1e-9) << "record " << oid;
+    Ref<ITask> item{Item(oid)};
+    EXPECT_NEAR(ReminderOf(item.p), c.expected, 1e-9) << "record " << oid;
   }
 }
 
 TEST_F(PoomTest, MovingTheDueDateMovesTheReminder) {
   const DATE due = MakeDate(2025, 5, 20);
   const CEOID oid = NewTask(L"Moves", kNoDate, due);
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   item->put_ReminderTime(due - 1);
   ASSERT_EQ(item->Save(), S_OK);
   item->put_DueDate(due + 3);
   ASSERT_EQ(item->Save(), S_OK);
-  Ref<ITask> again;
-  again.p = Item(oid);
-  DATE reminder = 0;
-  again->get_ReminderTime(&reminder);
-  EXPECT_NEAR(reminder, due + 2, 1e-9);
+  Ref<ITask> again{Item(oid)};
+  EXPECT_NEAR(ReminderOf(again.p), due + 2, 1e-9);
 }
 
 }  // namespace

@@ -36,8 +36,7 @@ TEST_F(PoomTest, SaveRefusesInconsistentDates) {
       {"an unset reminder is not checked", kStart, kDue, false, kDue + 30, S_OK},
   };
   for (const SaveCase& c : cases) {
-    Ref<ITask> item;
-    ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+    Ref<ITask> item{Fresh()};
     item->put_Subject(L"case");
     item->put_StartDate(c.start);
     item->put_DueDate(c.due);
@@ -53,8 +52,7 @@ TEST_F(PoomTest, SaveRefusesMoreThan999Occurrences) {
     HRESULT expected;
   } const cases[] = {{999, S_OK}, {1000, E_POOM_DATES}};
   for (const Case& c : cases) {
-    Ref<ITask> item;
-    ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+    Ref<ITask> item{Fresh()};
     item->put_DueDate(kDue);
     Ref<IRecurrencePattern> pattern;
     ASSERT_EQ(item->GetRecurrencePattern(&pattern), S_OK);
@@ -67,8 +65,7 @@ TEST_F(PoomTest, SaveRefusesMoreThan999Occurrences) {
 }
 
 TEST_F(PoomTest, ThePatternIsKeptInTheRecord) {
-  Ref<ITask> item;
-  ASSERT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
+  Ref<ITask> item{Fresh()};
   item->put_DueDate(kDue);
   RecurrencePattern written;
   written.RecurrenceType = kRecursMonthNth;
@@ -84,12 +81,10 @@ TEST_F(PoomTest, ThePatternIsKeptInTheRecord) {
     ASSERT_EQ(WritePattern(written, pattern.p), S_OK);
   }
   ASSERT_EQ(item->Save(), S_OK);
-  CEOID oid = 0;
-  item->get_Oid(&oid);
+  const CEOID oid = OidOf(item.p);
   EXPECT_EQ(Raw(oid)[kPropRecurring].number, 1);
 
-  Ref<ITask> again;
-  again.p = Item(oid);
+  Ref<ITask> again{Item(oid)};
   VARIANT_BOOL recurring = VARIANT_FALSE;
   again->get_IsRecurring(&recurring);
   EXPECT_EQ(recurring, VARIANT_TRUE);
@@ -131,8 +126,7 @@ CEOID WeeklyTask(IPOutlookApp* app, LONG occurrences) {
     if (occurrences > 0) pattern->put_Occurrences(occurrences);
   }
   EXPECT_EQ(item->Save(), S_OK);
-  CEOID oid = 0;
-  item->get_Oid(&oid);
+  const CEOID oid = OidOf(item.p);
   return oid;
 }
 
@@ -142,8 +136,7 @@ TEST_F(PoomTest, CompletingARecurringTaskCompletesTheOccurrenceAndMovesTheSeries
     const CEOID oid = WeeklyTask(app_, occurrences);
     ASSERT_EQ(WriteRaw(oid, {RawText(kPropCategories, L"Home"), RawI4(kPropNotificationHandle, 9)}), oid);
     const auto before = Records();
-    Ref<ITask> item;
-    item.p = Item(oid);
+    Ref<ITask> item{Item(oid)};
     item->put_Complete(VARIANT_TRUE);
     ASSERT_EQ(item->Save(), S_OK);
 
@@ -167,9 +160,7 @@ TEST_F(PoomTest, CompletingARecurringTaskCompletesTheOccurrenceAndMovesTheSeries
     VARIANT_BOOL complete = VARIANT_TRUE;
     item->get_Complete(&complete);
     EXPECT_EQ(complete, VARIANT_FALSE);
-    DATE reminder = 0;
-    item->get_ReminderTime(&reminder);
-    EXPECT_NEAR(reminder, MakeDate(2025, 6, 9) - 4.0 / 24, 1e-9);
+    EXPECT_NEAR(ReminderOf(item.p), MakeDate(2025, 6, 9) - 4.0 / 24, 1e-9);
     if (occurrences > 0) {
       Ref<IRecurrencePattern> pattern;
       item->GetRecurrencePattern(&pattern);
@@ -182,8 +173,7 @@ TEST_F(PoomTest, CompletingARecurringTaskCompletesTheOccurrenceAndMovesTheSeries
 
 TEST_F(PoomTest, CompletingTheLastOccurrenceCompletesTheTask) {
   const CEOID oid = WeeklyTask(app_, 1);
-  Ref<ITask> item;
-  item.p = Item(oid);
+  Ref<ITask> item{Item(oid)};
   item->put_Complete(VARIANT_TRUE);
   ASSERT_EQ(item->Save(), S_OK);
   EXPECT_EQ(Records(), std::vector<CEOID>{oid});
