@@ -31,11 +31,7 @@ TEST(CategoryNames, CompareIgnoresCaseAndOrdersByLowerCase) {
 }
 
 TEST(ParseCategories, SpellingOrderAndNoCategory) {
-  struct Case {
-    const wchar_t* text;
-    bool skip_empty;
-    std::vector<std::wstring> names;
-  } cases[] = {
+  struct Case { const wchar_t* text; bool skip_empty; std::vector<std::wstring> names; } cases[] = {
       {L" Work ,home", true, {L"home", L"Work"}},
       {L"<NoCat>", true, {L""}},
       {L" <NoCat> ", true, {L""}},

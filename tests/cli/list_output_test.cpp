@@ -18,10 +18,7 @@ using testing::T;
 class ListOutputTest : public testing::ListTest {};
 
 TEST_F(ListOutputTest, TaskLineFields) {
-  struct Case {
-    Task task;
-    const char* line;
-  } cases[] = {
+  struct Case { Task task; const char* line; } cases[] = {
       {T().Oid(7), "7\t\t\t\t\t\tnormal\t"},
       {T().Oid(4294967295u)
            .Subject(L"Pay rent")
@@ -63,13 +60,8 @@ TEST_F(ListOutputTest, ViewListingIsTheTitleThenTheRowsInOrder) {
 }
 
 TEST(ListViewArgs, GoodAndBad) {
-  struct Case {
-    std::vector<const char*> argv;
-    bool ok;
-    UINT view;
-    DATE at;
-    const char* error;
-  } cases[] = {
+  struct Case { std::vector<const char*> argv; bool ok; UINT view; DATE at; const char* error; }
+  cases[] = {
       {{"overdue"}, true, kViewOverdue, kNoDate, ""},
       {{"next", "--at", "2024-05-15"}, true, kViewNextDays, Day(0), ""},
       {{"today", "--at", "2024-05-15T23:59", "--filter", "Work"}, true, kViewToday,

@@ -21,10 +21,7 @@ class BelongsTest : public testing::ListTest {};
 TEST_F(BelongsTest, TheFilterHidesTasksInEveryView) {
   const Task work = T().Categories(L"Errands, Work").Due(Day(-1));
   const Task none = T().Due(Day(-1));
-  struct Case {
-    const wchar_t* filter;
-    bool work_shown, none_shown;
-  } cases[] = {
+  struct Case { const wchar_t* filter; bool work_shown, none_shown; } cases[] = {
       {L"", true, true},
       {L"work", true, false},
       {L"Home", false, false},

@@ -37,11 +37,7 @@ std::wstring Date(DATE d) { return format::DateText(d, format::Pictures().short_
 
 TEST(DrawColours, SubjectColourByDatesWithTheExactDayBoundary) {
   const DATE no = kNoDate;
-  struct Case {
-    DATE start, due, now;
-    WORD complete;
-    RowColour colour;
-  } cases[] = {
+  struct Case { DATE start, due, now; WORD complete; RowColour colour; } cases[] = {
       {no, no, kNow, 1, RowColour::kCompleted},
       {no, no, kNow, 0, RowColour::kUndated},
       {kToday + 2, kToday + 5, kNow, 0, RowColour::kFuture},

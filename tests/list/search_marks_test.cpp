@@ -11,11 +11,7 @@ namespace velmo {
 namespace {
 
 TEST(SearchText, CaseSensitiveAndNot) {
-  struct Case {
-    const wchar_t* field;
-    const wchar_t* text;
-    bool sensitive, found;
-  } cases[] = {
+  struct Case { const wchar_t* field; const wchar_t* text; bool sensitive, found; } cases[] = {
       {L"Buy milk", L"milk", true, true},     {L"Buy milk", L"Milk", true, false},
       {L"Buy milk", L"Milk", false, true},    {L"BUY MILK", L"milk", false, true},
       {L"Straße", L"STRASSE", false, false},  // one character to one: no expansion
@@ -40,10 +36,7 @@ TEST(SearchText, WideCharactersOutOfRangeAreKept) {
 class SearchMarksTest : public testing::ListTest {};
 
 TEST_F(SearchMarksTest, MarksBySwitchesAndOnlyInTheSearchView) {
-  struct Case {
-    bool subjects, notes;
-    DWORD marks;
-  } cases[] = {
+  struct Case { bool subjects, notes; DWORD marks; } cases[] = {
       {true, true, kSearchMatchNotes | kSearchMatchSubject},
       {true, false, kSearchMatchSubject},
       {false, true, kSearchMatchNotes},

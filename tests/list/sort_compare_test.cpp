@@ -100,12 +100,7 @@ TEST_F(SortCompare, ReminderRefinesTheDayOfStartAndDue) {
   EXPECT_EQ(-1, Compare(plain, at9, kSortDueDate, kAsc));
   EXPECT_EQ(-1, Compare(plain, at15, kSortDueDate, kAsc));
 
-  struct Case {
-    const char* name;
-    Task task;
-    DATE start;
-    DATE due;
-  } cases[] = {
+  struct Case { const char* name; Task task; DATE start; DATE due; } cases[] = {
       {"no reminder", T().Start(Day(1)).Due(Day(2)), Day(1), Day(2)},
       {"reminder on the due day", T().Start(Day(1)).Due(Day(2)).Reminder(Day(2, 8)), Day(1),
        Day(2, 8)},

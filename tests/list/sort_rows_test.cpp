@@ -29,11 +29,7 @@ class SortRowsTest : public testing::ListTest {
 TEST_F(SortRowsTest, TieBreakersOnlyWithATertiaryKey) {
   const Task a = T().Priority(1).Subject(L"Alpha");
   const Task b = T().Priority(1).Subject(L"Beta");
-  struct Case {
-    const char* name;
-    SortRow record;
-    int a_vs_b;
-  } cases[] = {
+  struct Case { const char* name; SortRow record; int a_vs_b; } cases[] = {
       {"priority only: a tie stays a tie", {{{1, 1}, {0, 0}, {0, 0}}}, 0},
       {"secondary, no tertiary", {{{1, 1}, {9, 0}, {0, 0}}}, 0},
       {"any tertiary brings in Subject ascending", {{{1, 1}, {0, 0}, {8, 0}}}, -1},
@@ -65,10 +61,7 @@ TEST_F(SortRowsTest, MultiSortPicksTheViewsRecordOrTheFirst) {
   s.sort[ViewIndex(kViewOverdue)] = {{{3, 1}, {0, 0}, {0, 0}}};  // Overdue: descending
   const Task a = T().Subject(L"a");
   const Task b = T().Subject(L"b");
-  struct Case {
-    DWORD multi_sort;
-    int a_vs_b;
-  } cases[] = {{1, 1}, {0, -1}, {2, -1}};
+  struct Case { DWORD multi_sort; int a_vs_b; } cases[] = {{1, 1}, {0, -1}, {2, -1}};
   for (const Case& c : cases) {
     s.multi_sort = c.multi_sort;
     CurrentListState().view = kViewAllTasks;

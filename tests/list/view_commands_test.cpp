@@ -22,9 +22,7 @@ class ViewCommandsTest : public testing::ListTest {
 };
 
 TEST_F(ViewCommandsTest, StepsWithoutSkipping) {
-  struct Case {
-    UINT from, next, previous;
-  } cases[] = {
+  struct Case { UINT from, next, previous; } cases[] = {
       {kViewAllTasks, kViewOverdue, kViewUndated}, {kViewOverdue, kViewActive, kViewAllTasks},
       {kViewToday, kViewNextDays, kViewCompleted}, {kViewUndated, kViewAllTasks, kViewFuture},
       {kViewSearch, kViewAllTasks, kViewUndated},  {40099, kViewAllTasks, kViewUndated},
@@ -42,12 +40,7 @@ TEST_F(ViewCommandsTest, StepsWithoutSkipping) {
 }
 
 TEST_F(ViewCommandsTest, SkipsEmptyViewsAndStopsAtAllTasks) {
-  struct Case {
-    UINT from;
-    UINT command;
-    std::set<UINT> empty;
-    UINT to;
-  } cases[] = {
+  struct Case { UINT from; UINT command; std::set<UINT> empty; UINT to; } cases[] = {
       {kViewAllTasks, kCmdNextViewSkip, {kViewOverdue, kViewActive}, kViewCompleted},
       {kViewToday, kCmdNextViewSkip, {kViewNextDays, kViewFuture, kViewUndated}, kViewAllTasks},
       {kViewToday, kCmdPreviousViewSkip, {kViewCompleted, kViewActive}, kViewOverdue},
@@ -88,11 +81,7 @@ TEST_F(ViewCommandsTest, AtDefaultStateFollowsViewAndFilterText) {
   Settings& s = CurrentSettings();
   s.selected_view = kViewOverdue;
   s.filter_categories = L"Work";
-  struct Case {
-    UINT view;
-    const wchar_t* filter;
-    bool at_default, checked, enabled;
-  } cases[] = {
+  struct Case { UINT view; const wchar_t* filter; bool at_default, checked, enabled; } cases[] = {
       {kViewOverdue, L"Work", true, true, false},
       {kViewOverdue, L"work", false, false, true},  // the text compares exactly
       {kViewOverdue, L"", false, false, true},

@@ -186,11 +186,7 @@ TEST_F(RecordTest, BadWritesChangeNothing) {
   CEPROPVAL unknown_type{};
   unknown_type.propid = PROPID(2, 0x77);
   CEPROPVAL null_string = PropString(3, nullptr);
-  struct Case {
-    const char* name;
-    CEOID target;
-    CEPROPVAL value;
-  } cases[] = {
+  struct Case { const char* name; CEOID target; CEPROPVAL value; } cases[] = {
       {"unknown type", oid, unknown_type},
       {"null string", oid, null_string},
       {"record of no database", 0x7FFFFFF0, PropI2(1, 2)},

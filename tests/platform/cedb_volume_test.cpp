@@ -51,12 +51,7 @@ void ExpectEveryCallFails(CEGUID* guid) {
 TEST_F(VolumeTest, WaysOfMounting) {
   std::filesystem::path file = device::MapPlatformPath(kTestVolume);
   EXPECT_EQ(file, root() / "IPSM" / "test.vol");
-  struct Step {
-    const char* name;
-    DWORD flags;
-    BOOL mounts;
-    DWORD error;
-  } steps[] = {
+  struct Step { const char* name; DWORD flags; BOOL mounts; DWORD error; } steps[] = {
       {"open existing on no file", OPEN_EXISTING, FALSE, ERROR_FILE_NOT_FOUND},
       {"unknown way", 9, FALSE, ERROR_INVALID_PARAMETER},
       {"create new", CREATE_NEW, TRUE, 0},

@@ -247,10 +247,7 @@ TEST_F(PoomTest, StoredReminderReadsFromItsBaseDate) {
   DateToFileTime(start, &start_prop.val.filetime);
   CEPROPVAL due_prop{kPropDueDate, 0, 0, {}};
   DateToFileTime(due, &due_prop.val.filetime);
-  struct Case {
-    std::vector<CEPROPVAL> props;
-    DATE expected;
-  } const cases[] = {
+  struct Case { std::vector<CEPROPVAL> props; DATE expected; } const cases[] = {
       {{due_prop, RawI2(kPropReminderBaseFlag, 1), RawI4(kPropReminderMinutes, 60)}, due - 1.0 / 24},
       {{start_prop, due_prop, RawI2(kPropReminderBaseFlag, 0), RawI4(kPropReminderMinutes, 30)},
        start - 30.0 / 1440},

@@ -12,11 +12,7 @@
 namespace velmo {
 namespace {
 
-struct Result {
-  int code;
-  std::string out;
-  std::string err;
-};
+struct Result { int code; std::string out; std::string err; };
 
 std::string ReadAll(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);

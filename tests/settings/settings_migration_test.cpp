@@ -19,11 +19,7 @@ struct Loaded {
   DWORD infos, infos_compressed;
   DWORD highlight_text_color, highlight_color;
 };
-struct Case {
-  const char* what;
-  Stored stored;
-  Loaded loaded;
-};
+struct Case { const char* what; Stored stored; Loaded loaded; };
 
 constexpr DWORD kInfos = 0x04EABC05;
 constexpr DWORD kCompact = 0x10EABC05;

@@ -63,10 +63,7 @@ TEST_F(SettingsTest, FirstStartRegistersAndSavesEveryValueInTableOrder) {
   EXPECT_EQ((std::vector<BYTE>{0, 0}), ntxt.bytes) << "one terminator only";
   EXPECT_EQ((std::vector<BYTE>{0, 0}), Stored(L"Txt20").bytes);
 
-  struct Default {
-    const wchar_t* name;
-    DWORD value;
-  };
+  struct Default { const wchar_t* name; DWORD value; };
   for (const Default& d : {Default{L"ReminderTime", 480}, {L"FontSize", 2}, {L"FontQuality", 5},
                            {L"HighlightTextColor", 25}, {L"NotesPreviewColor", 18},
                            {L"Infos", 0x04EABC05}, {L"InfosCompressed", 0x10EABC05},
