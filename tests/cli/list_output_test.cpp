@@ -20,13 +20,8 @@ class ListOutputTest : public testing::ListTest {};
 TEST_F(ListOutputTest, TaskLineFields) {
   struct Case { Task task; const char* line; } cases[] = {
       {T().Oid(7), "7\t\t\t\t\t\tnormal\t"},
-      {T().Oid(4294967295u)
-           .Subject(L"Pay rent")
-           .Start(Day(-2))
-           .Due(Day(1))
-           .Reminder(Day(1, 9, 5))
-           .Priority(kImportanceHigh)
-           .Categories(L"Home,Money"),
+      {T().Oid(4294967295u).Subject(L"Pay rent").Start(Day(-2)).Due(Day(1)).Reminder(Day(1, 9, 5))
+           .Priority(kImportanceHigh).Categories(L"Home,Money"),
        "4294967295\tPay rent\t2024-05-13\t2024-05-16\t2024-05-16T09:05\t\thigh\tHome,Money"},
       {T().Oid(9).Subject(L"Größe\tändern\r\nbald").Done(Day(0, 17)).Priority(kImportanceLow),
        "9\tGröße ändern  bald\t\t\t\t2024-05-15\tlow\t"},

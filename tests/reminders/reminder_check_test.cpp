@@ -24,13 +24,9 @@ class ReminderCheckTest : public StoreTest {
  protected:
   // A task due on `due` with a reminder `minutes` before it.
   CEOID AddReminder(DATE due, LONG minutes, DWORD handle = 0, bool set = true) {
-    return AddRecord(Props()
-                         .Text(kPropSubject, L"Dentist")
-                         .Date(kPropDueDate, due)
-                         .Int(kPropReminderBaseFlag, 1)
-                         .Int(kPropReminderMinutes, minutes)
-                         .Int(kPropReminderSet, set ? 1 : 0)
-                         .Int(kPropReminderOptions, -1)
+    return AddRecord(Props().Text(kPropSubject, L"Dentist").Date(kPropDueDate, due)
+                         .Int(kPropReminderBaseFlag, 1).Int(kPropReminderMinutes, minutes)
+                         .Int(kPropReminderSet, set ? 1 : 0).Int(kPropReminderOptions, -1)
                          .Int(kPropNotificationHandle, static_cast<LONG>(handle)));
   }
   static std::vector<notify::PendingNotification> Pending() {

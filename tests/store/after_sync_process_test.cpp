@@ -26,11 +26,8 @@ class AfterSyncProcessTest : public StoreTest {
     return MakeDate(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min);
   }
   CEOID AddReminder(DATE due, DWORD handle) {
-    return AddRecord(Props()
-                         .Text(kPropSubject, L"Call the garage")
-                         .Date(kPropDueDate, due)
-                         .Int(kPropReminderBaseFlag, 1)
-                         .Int(kPropReminderMinutes, 30)
+    return AddRecord(Props().Text(kPropSubject, L"Call the garage").Date(kPropDueDate, due)
+                         .Int(kPropReminderBaseFlag, 1).Int(kPropReminderMinutes, 30)
                          .Int(kPropReminderSet, 1)
                          .Int(kPropNotificationHandle, static_cast<LONG>(handle)));
   }

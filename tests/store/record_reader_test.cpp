@@ -41,8 +41,7 @@ TEST_F(RecordReaderTest, StoredValuesMapToFields) {
 }
 
 TEST_F(RecordReaderTest, AbsentAndMistypedPropertiesReadAsInitialValues) {
-  const CEOID oid = AddRecord(Props()
-                                  .Int(0x00370003, 5)         // a subject that is a number
+  const CEOID oid = AddRecord(Props().Int(0x00370003, 5)         // a subject that is a number
                                   .Text(0x0026001F, L"high")  // an importance that is text
                                   .Date(kPropDueDate, MakeDate(2024, 6, 1)));
   const Task task = Read(oid);

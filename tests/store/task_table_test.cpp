@@ -64,11 +64,8 @@ TEST_F(TaskTableTest, WithoutTheVolumeEverythingFailsQuietly) {
 }
 
 TEST_F(TaskTableTest, ReminderHandleWriteTouchesOnlyItsTwoProperties) {
-  const CEOID oid = AddRecord(Props()
-                                  .Text(kPropSubject, L"keep me")
-                                  .Text(kPropCategories, L"Home")
-                                  .Int(kPropReminderMinutes, 15)
-                                  .Int(kPropNotificationHandle, 3));
+  const CEOID oid = AddRecord(Props().Text(kPropSubject, L"keep me").Text(kPropCategories, L"Home")
+                                  .Int(kPropReminderMinutes, 15).Int(kPropNotificationHandle, 3));
   EXPECT_EQ(ReadNotificationHandle(oid), 3u);
   Task task = Read(oid);
   task.notification_handle = 9;
