@@ -40,6 +40,7 @@ TEST_F(ViewCommandsTest, StepsWithoutSkipping) {
 }
 
 TEST_F(ViewCommandsTest, SkipsEmptyViewsAndStopsAtAllTasks) {
+  const std::set<UINT> kEveryView = {40050, 40051, 40052, 40053, 40054, 40055, 40056, 40057};
   struct Case { UINT from; UINT command; std::set<UINT> empty; UINT to; } cases[] = {
       {kViewAllTasks, kCmdNextViewSkip, {kViewOverdue, kViewActive}, kViewCompleted},
       {kViewToday, kCmdNextViewSkip, {kViewNextDays, kViewFuture, kViewUndated}, kViewAllTasks},
@@ -48,14 +49,8 @@ TEST_F(ViewCommandsTest, SkipsEmptyViewsAndStopsAtAllTasks) {
       {kViewSearch, kCmdPreviousViewSkip, {kViewUndated, kViewFuture}, kViewNextDays},
       {kViewSearch, kCmdNextViewSkip, {kViewAllTasks}, kViewAllTasks},
       // Every view empty: both directions end on All Tasks.
-      {kViewOverdue,
-       kCmdNextViewSkip,
-       {40050, 40051, 40052, 40053, 40054, 40055, 40056, 40057},
-       kViewAllTasks},
-      {kViewOverdue,
-       kCmdPreviousViewSkip,
-       {40050, 40051, 40052, 40053, 40054, 40055, 40056, 40057},
-       kViewAllTasks},
+      {kViewOverdue, kCmdNextViewSkip, kEveryView, kViewAllTasks},
+      {kViewOverdue, kCmdPreviousViewSkip, kEveryView, kViewAllTasks},
       {kViewAllTasks, kCmdNextView, {kViewOverdue}, kViewOverdue},
   };
   for (const Case& c : cases) {

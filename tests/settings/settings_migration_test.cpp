@@ -1,4 +1,6 @@
 // Settings of older versions, loaded and saved back as the current version.
+#include <utility>
+
 #include "platform/device.h"
 #include "tests/settings/settings_fixture.h"
 
@@ -60,15 +62,13 @@ TEST_F(SettingsTest, OlderVersionsAreMigratedAndSavedAsTheCurrentOne) {
     SCOPED_TRACE(c.what);
     device::SetRoot(root() / std::to_string(++n));
     SaveFirstStart();
-    SetDword(L"VersionMajor", c.stored.major);
-    SetDword(L"VersionMinor", c.stored.minor);
-    SetDword(L"TodayFont", c.stored.today_font);
-    SetDword(L"NormalFont", c.stored.normal_font);
-    SetDword(L"Infos", c.stored.infos);
-    SetDword(L"InfosCompressed", c.stored.infos_compressed);
-    SetDword(L"HighlightTextColor", c.stored.highlight_text_color);
-    SetDword(L"HighlightColor", c.stored.highlight_color);
-    SetDword(L"NDays", 11);
+    const std::pair<const wchar_t*, DWORD> values[] = {
+        {L"VersionMajor", c.stored.major}, {L"VersionMinor", c.stored.minor},
+        {L"TodayFont", c.stored.today_font}, {L"NormalFont", c.stored.normal_font},
+        {L"Infos", c.stored.infos}, {L"InfosCompressed", c.stored.infos_compressed},
+        {L"HighlightTextColor", c.stored.highlight_text_color},
+        {L"HighlightColor", c.stored.highlight_color}, {L"NDays", 11}};
+    for (const auto& [name, value] : values) SetDword(name, value);
 
     Settings s;
     EXPECT_EQ(c.loaded.result, LoadSettings(s));
