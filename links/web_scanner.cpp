@@ -37,16 +37,19 @@ const wchar_t* SchemeBefore(const wchar_t* text, const wchar_t* separator) {
 
 // The earliest address with a known scheme. "://" occurrences cannot overlap, so
 // the first one preceded by a scheme also has the earliest-starting scheme.
-const wchar_t* FirstSchemeAddress(const wchar_t* text) {
-  for (const wchar_t* sep = std::wcsstr(text, kSeparator.data()); sep;
-       sep = std::wcsstr(sep + 1, kSeparator.data()))
-    if (const wchar_t* start = SchemeBefore(text, sep)) return start;
+// (string_view's find looks for the first character with wmemchr, far quicker
+// than wcsstr on text that has none.)
+const wchar_t* FirstSchemeAddress(std::wstring_view text) {
+  for (size_t sep = text.find(kSeparator); sep != std::wstring_view::npos;
+       sep = text.find(kSeparator, sep + 1))
+    if (const wchar_t* start = SchemeBefore(text.data(), text.data() + sep)) return start;
   return nullptr;
 }
 
-const wchar_t* FirstWwwAddress(const wchar_t* text) {
-  const wchar_t* www = std::wcsstr(text, kWww.data());
-  if (!www) return nullptr;
+const wchar_t* FirstWwwAddress(std::wstring_view text) {
+  const size_t at = text.find(kWww);
+  if (at == std::wstring_view::npos) return nullptr;
+  const wchar_t* www = text.data() + at;
   const wchar_t* host = www + kWww.size();
   size_t length = 0;
   while (length < kMaxHost && IsHostChar(host[length])) ++length;
@@ -59,8 +62,9 @@ const wchar_t* FirstWwwAddress(const wchar_t* text) {
 
 bool FindWebAddress(const wchar_t* text, std::wstring* found) {
   if (!text) return false;
-  const wchar_t* start = FirstSchemeAddress(text);
-  if (!start) start = FirstWwwAddress(text);
+  const std::wstring_view all(text);
+  const wchar_t* start = FirstSchemeAddress(all);
+  if (!start) start = FirstWwwAddress(all);
   if (!start) return false;
   if (found) {
     size_t length = 0;

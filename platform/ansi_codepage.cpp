@@ -3,12 +3,14 @@
 #include <unicode/ucnv.h>
 
 #include <array>
-
+#include <cstdint>
+#include <cstring>
 
 namespace velmo {
 namespace {
 
-// The 256 characters of the code page, made once from ICU's converter.
+// The 256 characters of the code page, made once from ICU's converter, so that
+// decoding is one lookup per byte.
 struct CodePage {
   std::array<wchar_t, 256> to_wide{};
 
@@ -22,7 +24,8 @@ struct CodePage {
       UChar out[4];
       UErrorCode e = U_ZERO_ERROR;
       ucnv_reset(converter);
-      if (ucnv_toUChars(converter, out, 4, &in, 1, &e) == 1 && U_SUCCESS(e) && out[0] != 0xFFFD)
+      if (ucnv_toUChars(converter, out, 4, &in, 1, &e) == 1 && U_SUCCESS(e) && out[0] != 0xFFFD &&
+          out[0] != 0x1A)
         to_wide[byte] = out[0];
     }
     ucnv_close(converter);
@@ -54,11 +57,32 @@ std::string ToWindows1252(std::wstring_view text) {
   return out;
 }
 
+void DecodeWindows1252(std::string_view bytes, wchar_t* out) {
+  const auto* in = reinterpret_cast<const unsigned char*>(bytes.data());
+  const size_t length = bytes.size();
+  // Plain ASCII maps to itself, eight bytes at a time; the table (and ICU
+  // behind it) is asked only for the other bytes.
+  const std::array<wchar_t, 256>* table = nullptr;
+  const auto lookup = [&table](unsigned char byte) {
+    if (!table) table = &Page().to_wide;
+    return (*table)[byte];
+  };
+  size_t i = 0;
+  for (; i + 8 <= length; i += 8) {
+    std::uint64_t block;
+    std::memcpy(&block, in + i, 8);
+    if (block & 0x8080808080808080ull) {
+      for (size_t k = i; k < i + 8; ++k) out[k] = in[k] < 0x80 ? in[k] : lookup(in[k]);
+    } else {
+      for (size_t k = i; k < i + 8; ++k) out[k] = in[k];
+    }
+  }
+  for (; i < length; ++i) out[i] = in[i] < 0x80 ? in[i] : lookup(in[i]);
+}
+
 std::wstring FromWindows1252(std::string_view bytes) {
-  const CodePage& page = Page();
-  std::wstring out;
-  out.reserve(bytes.size());
-  for (char b : bytes) out.push_back(page.to_wide[static_cast<unsigned char>(b)]);
+  std::wstring out(bytes.size(), L'\0');
+  DecodeWindows1252(bytes, out.data());
   return out;
 }
 

@@ -1,6 +1,7 @@
 // The device's ANSI code page, Windows-1252, in which task notes are stored.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,5 +11,7 @@ namespace velmo {
 std::string ToWindows1252(std::wstring_view text);
 // Every byte has a meaning (the five unassigned ones map to the C1 controls).
 std::wstring FromWindows1252(std::string_view bytes);
+// The same into out, which has room for bytes.size() characters (one per byte).
+void DecodeWindows1252(std::string_view bytes, wchar_t* out);
 
 }  // namespace velmo

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 #include <mutex>
+#include <string>
+#include <vector>
 
 #include "platform/device.h"
 #include "platform/registry.h"
@@ -34,11 +36,65 @@ constexpr const char* kSchema =
 int g_busy_timeout_ms = 5000;
 thread_local std::string t_failure;
 
+// Prepared statements not in use, kept for the next Statement of the same text
+// on the same connection: preparing costs more than running, and loading the
+// settings runs the same few statements many times.
+struct IdleStatement {
+  sqlite3* db;
+  std::string sql;
+  sqlite3_stmt* stmt;
+};
+
+// Never destroyed: the open file's destructor at exit still finalizes through them.
+std::mutex& CacheLock() {
+  static auto* m = new std::mutex;
+  return *m;
+}
+
+std::vector<IdleStatement>& IdleStatements() {
+  static auto* idle = new std::vector<IdleStatement>;
+  return *idle;
+}
+
+sqlite3_stmt* TakeIdle(sqlite3* db, const char* sql) {
+  std::lock_guard<std::mutex> guard(CacheLock());
+  auto& idle = IdleStatements();
+  for (auto it = idle.begin(); it != idle.end(); ++it) {
+    if (it->db != db || it->sql != sql) continue;
+    sqlite3_stmt* stmt = it->stmt;
+    idle.erase(it);
+    return stmt;
+  }
+  return nullptr;
+}
+
+void PutIdle(sqlite3_stmt* stmt, const char* sql) {
+  sqlite3_reset(stmt);
+  sqlite3_clear_bindings(stmt);
+  std::lock_guard<std::mutex> guard(CacheLock());
+  IdleStatements().push_back({sqlite3_db_handle(stmt), sql, stmt});
+}
+
+// Closes a connection, finalizing first the statements kept for it.
+void CloseConnection(sqlite3* db) {
+  if (!db) return;
+  {
+    std::lock_guard<std::mutex> guard(CacheLock());
+    auto& idle = IdleStatements();
+    std::erase_if(idle, [db](const IdleStatement& s) {
+      if (s.db != db) return false;
+      sqlite3_finalize(s.stmt);
+      return true;
+    });
+  }
+  sqlite3_close(db);
+}
+
 struct OpenFile {
   std::string path;
   sqlite3* db = nullptr;
   ino_t inode = 0;  // a file removed and made again under the same name is reopened
-  ~OpenFile() { sqlite3_close(db); }
+  ~OpenFile() { CloseConnection(db); }
 };
 
 OpenFile& Current() {
@@ -92,11 +148,18 @@ LONG Prepare(sqlite3* db, const std::string& path) {
 
 }  // namespace
 
-Statement::Statement(sqlite3* db, const char* sql) {
-  prepare_result_ = sqlite3_prepare_v2(db, sql, -1, &stmt_, nullptr);
+Statement::Statement(sqlite3* db, const char* sql) : sql_(sql) {
+  stmt_ = TakeIdle(db, sql);
+  prepare_result_ = stmt_ ? SQLITE_OK
+                          : sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &stmt_, nullptr);
 }
 
-Statement::~Statement() { sqlite3_finalize(stmt_); }
+Statement::~Statement() {
+  if (prepare_result_ == SQLITE_OK && stmt_)
+    PutIdle(stmt_, sql_);
+  else
+    sqlite3_finalize(stmt_);
+}
 
 Statement& Statement::Bind(int index, std::int64_t value) {
   sqlite3_bind_int64(stmt_, index, value);
@@ -141,7 +204,7 @@ sqlite3* Connection(LONG* error) {
     *error = ERROR_SUCCESS;
     return file.db;
   }
-  sqlite3_close(file.db);
+  CloseConnection(file.db);
   file.db = nullptr;
   file.path.clear();
 
@@ -168,7 +231,7 @@ sqlite3* Connection(LONG* error) {
   *error = Prepare(db, path);
   file.inode = stat(path.c_str(), &info) == 0 ? info.st_ino : 0;
   if (*error != ERROR_SUCCESS) {
-    sqlite3_close(db);
+    CloseConnection(db);
     file.db = nullptr;
     file.path.clear();
     return nullptr;

@@ -18,7 +18,9 @@ namespace velmo::registry {
 constexpr std::int64_t kCurrentUserId = 1;
 constexpr std::int64_t kLocalMachineId = 2;
 
-// A prepared statement, finalized on destruction.
+// A prepared statement. On destruction it is reset and kept for the next
+// Statement of the same text on the same connection (sql must live as long as
+// the Statement).
 class Statement {
  public:
   Statement(sqlite3* db, const char* sql);
@@ -36,6 +38,7 @@ class Statement {
   std::vector<BYTE> Blob(int column) const;
 
  private:
+  const char* sql_;
   sqlite3_stmt* stmt_ = nullptr;
   int prepare_result_;
 };
