@@ -6,11 +6,7 @@ namespace velmo::app {
 namespace {
 
 TEST(CommandLine, ParsesEveryForm) {
-  struct Case {
-    const wchar_t* line;
-    LONG request;
-    CEOID oid;
-  } cases[] = {
+  struct Case { const wchar_t* line; LONG request; CEOID oid; } cases[] = {
       {L"", kNoRequest, 0},
       {L"AppRunAfterSync", kAfterSyncRequest, 0},
       // Only the exact text is the after-synchronisation request.

@@ -32,12 +32,6 @@ class HandoverChannelTest : public velmo::testing::UiTest {
     unsetenv("XDG_RUNTIME_DIR");
   }
 
-  // A top-level window owned by `owner`, standing for a dialog.
-  HWND MakeOwned(HWND owner) {
-    return CreateWindowExW(0, kClass, L"Dialog", WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
-                           CW_USEDEFAULT, CW_USEDEFAULT, owner, nullptr, nullptr, nullptr);
-  }
-
   // Runs the loop while `work` runs on another thread (a second instance).
   template <typename Work>
   void WhileLooping(Work work) {
@@ -95,13 +89,12 @@ TEST_F(HandoverChannelTest, RequestReachesTheMainWindowAsCopyData) {
 
 TEST_F(HandoverChannelTest, DismissalCancelsTheOwnerChainUpToTheMainWindow) {
   HWND main = MakeMain(kMainWindowClass);
-  HWND aside = MakeOwned(main);  // owned by the main window, but not on top
-  HWND dialog = MakeOwned(main);
-  HWND inner = MakeOwned(dialog);
+  MakeMain(L"Dialog", main);  // owned by the main window, but not on top
+  HWND dialog = MakeMain(L"Dialog", main);
+  HWND inner = MakeMain(L"Dialog", dialog);
   ASSERT_TRUE(OpenHandoverChannel(main));
   WhileLooping([&] { ipc::DismissDialogs(FindWindowW(kMainWindowClass, nullptr)); });
   EXPECT_EQ(Cancelled(), (std::vector<HWND>{inner, dialog}));
-  (void)aside;
 }
 
 TEST_F(HandoverChannelTest, NothingToDismissWhenTheMainWindowIsOnTop) {

@@ -18,11 +18,7 @@ class DispatchTest : public MainWindowTest {
 };
 
 TEST_F(DispatchTest, NumberAndNavigationKeysSwitchViewsAsTheShortcutsSay) {
-  struct Case {
-    UINT vk;
-    wchar_t ch;
-    const wchar_t* title;
-  } const cases[] = {
+  struct Case { UINT vk; wchar_t ch; const wchar_t* title; } const cases[] = {
       {'2', L'2', L"Overdue [1]"},   {'5', L'5', L"Completed [1]"}, {'7', L'7', L"Today [2]"},
       {'1', L'1', L"Tasks [4]"},     {'D', L'd', L"Completed [1]"},  // a keyboard's "5"
       {VK_RIGHT, 0, L"Today [2]"},  // from Completed, "View: Filter »"
@@ -89,10 +85,7 @@ TEST_F(DispatchTest, SmallTerminalShowsANoticeUntilItGrows) {
 }
 
 TEST(DayTimerTest, FiresOneSecondAfterTheNextMidnight) {
-  struct Case {
-    SYSTEMTIME now;
-    UINT ms;
-  } const cases[] = {
+  struct Case { SYSTEMTIME now; UINT ms; } const cases[] = {
       {{2024, 5, 3, 15, 0, 0, 0, 0}, 86401000},
       {{2024, 5, 3, 15, 23, 59, 59, 999}, 1001},
       {{2024, 5, 3, 15, 12, 0, 0, 0}, 43201000},

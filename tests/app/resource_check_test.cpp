@@ -32,11 +32,7 @@ TEST_F(ResourceCheckTest, OwnTablePasses) {
 
 TEST_F(ResourceCheckTest, MessagesForAForeignTable) {
   const std::wstring beside = ProgramFile() + L".0409.mui";
-  struct Case {
-    const char* table;
-    bool file_beside;
-    std::wstring message;
-  } cases[] = {
+  struct Case { const char* table; bool file_beside; std::wstring message; } cases[] = {
       {"120\tOther resources\n121\tOther Program\n", false, L"Restart the device"},
       {"120\tOther resources\n121\tOther Program\n", true,
        L"Bad installation.\r\nYou have to remove this file:\r\n" + beside},

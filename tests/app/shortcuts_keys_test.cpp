@@ -13,10 +13,7 @@ namespace velmo {
 namespace {
 
 TEST(ShortcutKeys, ListKeysWithTheDefaultBindings) {
-  struct Case {
-    UINT vk;
-    UINT command;
-  } cases[] = {
+  struct Case { UINT vk; UINT command; } cases[] = {
       {'5', 40053},        {'D', 40053},        // a keyboard's "D" is the 5 key
       {'0', 40057},        {VK_QUESTION, 40057}, {'1', 40050}, {'W', 40050},
       {'9', 40159},        {'C', 40159},         {'3', 40156},
@@ -58,12 +55,7 @@ TEST(ShortcutKeys, ActionTableCoversEveryCodeOnceWithItsText) {
 
 TEST(ShortcutHotKeys, PressesOfRecordVolumeAndTalk) {
   const ShortcutContext list{}, entry{true, false};
-  struct Case {
-    UINT vk;
-    bool up;
-    ShortcutContext context;
-    UINT command;
-  } cases[] = {
+  struct Case { UINT vk; bool up; ShortcutContext context; UINT command; } cases[] = {
       {VK_TVOLUMEDOWN, false, list, 40060},  // "Filter: Category » skip empty"
       {VK_TVOLUMEUP, false, list, 40062},    // "Filter: Category « skip empty"
       {VK_TRECORD, false, list, 40048},
@@ -82,11 +74,7 @@ TEST(ShortcutHotKeys, PressesOfRecordVolumeAndTalk) {
 
 TEST(ShortcutHotKeys, BackKeyOnReleaseByItsChoice) {
   using K = ShortcutKind;
-  struct Case {
-    WORD choice;
-    bool at_default;
-    ShortcutOutcome outcome;
-  } cases[] = {
+  struct Case { WORD choice; bool at_default; ShortcutOutcome outcome; } cases[] = {
       {kBackKeyBack, false, {K::kDefaultBack, 0}},
       {kBackKeyBack, true, {K::kDefaultBack, 0}},
       {kBackKeyExit, false, {K::kCommand, kCmdExit}},

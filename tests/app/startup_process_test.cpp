@@ -27,30 +27,20 @@ class StartupProcessTest : public velmo::testing::DeviceTest {
   }
   void TearDown() override { unsetenv("XDG_RUNTIME_DIR"); }
 
-  // True when the settings key holds the value.
-  static bool HasSetting(const wchar_t* name) {
+  // True when the settings key holds the value; a DWORD one lands in *value.
+  static bool HasSetting(const wchar_t* name, DWORD* value = nullptr) {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Velmo ToDo", 0, KEY_READ, &key) !=
-        ERROR_SUCCESS)
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Velmo ToDo", 0, KEY_READ, &key) != ERROR_SUCCESS)
       return false;
-    DWORD size = 0;
-    const LONG rc = RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size);
+    DWORD size = value ? sizeof *value : 0;
+    const LONG rc = RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(value), &size);
     RegCloseKey(key);
     return rc == ERROR_SUCCESS;
   }
-
   // The DWORD setting, or ~0 when absent.
   static DWORD DwordSetting(const wchar_t* name) {
-    HKEY key = nullptr;
-    DWORD value = ~0u, size = sizeof value;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Velmo ToDo", 0, KEY_READ, &key) ==
-        ERROR_SUCCESS) {
-      if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value),
-                           &size) != ERROR_SUCCESS)
-        value = ~0u;
-      RegCloseKey(key);
-    }
-    return value;
+    DWORD value = ~0u;
+    return HasSetting(name, &value) ? value : ~0u;
   }
 
   // Adds tasks with these subjects (an empty one: a record without a subject) and
@@ -84,10 +74,7 @@ TEST_F(StartupProcessTest, SecondInstanceHandsItsRequestOver) {
 
   // What the running instance's screen shows after each hand-over; nullptr:
   // nothing that a screen shows (the request is answered all the same).
-  struct Case {
-    std::vector<std::string> args;
-    const char* shown;
-  } cases[] = {
+  struct Case { std::vector<std::string> args; const char* shown; } cases[] = {
       {{"-default"}, "Tasks ["},    {{"-today"}, "Today ["},       {{"-new"}, nullptr},
       {{"12345", "-new"}, nullptr}, {{"4294967295"}, nullptr},     {{"AppRunAfterSync"}, nullptr},
       {{}, nullptr},                {{"apprunaftersync"}, nullptr}, {{"-default"}, "Tasks ["},

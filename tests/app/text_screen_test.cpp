@@ -16,10 +16,7 @@ std::vector<UINT> KeysOf(const std::vector<std::string>& pieces) {
 }
 
 TEST(TextScreenTest, InputTextBecomesKeysWhateverWayItArrives) {
-  struct Case {
-    std::vector<std::string> pieces;
-    std::vector<UINT> keys;
-  } const cases[] = {
+  struct Case { std::vector<std::string> pieces; std::vector<UINT> keys; } const cases[] = {
       {{"5a\n"}, {'5', 'A', VK_RETURN}},
       {{"{F1}{Up}{PgDn}"}, {VK_TSOFT1, VK_UP, VK_TVOLUMEDOWN}},
       {{"{F", "2}x"}, {VK_TSOFT2, 'X'}},                      // a name split between reads

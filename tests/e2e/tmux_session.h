@@ -29,6 +29,10 @@ class TmuxSession {
                std::chrono::milliseconds timeout = std::chrono::seconds(5)) const;
   // Waits until the program has ended (the session is gone).
   bool WaitForEnd(std::chrono::milliseconds timeout = std::chrono::seconds(5)) const;
+  // Gives the terminal a new size, as a user resizing the window would.
+  void Resize(int width, int height) {
+    Tmux("resize-window -x " + std::to_string(width) + " -y " + std::to_string(height));
+  }
 
  private:
   std::string Tmux(const std::string& args) const;

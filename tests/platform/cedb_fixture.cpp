@@ -6,24 +6,21 @@
 
 namespace velmo::testing {
 
-CEPROPVAL PropI2(WORD id, SHORT value) {
-  CEPROPVAL v{};
-  v.propid = PROPID(id, CEVT_I2);
+CEPROPVAL RawI2(CEPROPID id, SHORT value) {
+  CEPROPVAL v{id, 0, 0, {}};
   v.val.iVal = value;
   return v;
 }
 
-CEPROPVAL PropI4(WORD id, LONG value) {
-  CEPROPVAL v{};
-  v.propid = PROPID(id, CEVT_I4);
+CEPROPVAL RawI4(CEPROPID id, LONG value) {
+  CEPROPVAL v{id, 0, 0, {}};
   v.val.lVal = value;
   return v;
 }
 
-CEPROPVAL PropString(WORD id, const wchar_t* value) {
-  CEPROPVAL v{};
-  v.propid = PROPID(id, CEVT_LPWSTR);
-  v.val.lpwstr = const_cast<wchar_t*>(value);
+CEPROPVAL RawText(CEPROPID id, const wchar_t* text) {
+  CEPROPVAL v{id, 0, 0, {}};
+  v.val.lpwstr = const_cast<wchar_t*>(text);
   return v;
 }
 

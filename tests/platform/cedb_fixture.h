@@ -14,9 +14,13 @@ namespace velmo::testing {
 
 inline constexpr wchar_t kTestVolume[] = L"\\IPSM\\test.vol";
 
-CEPROPVAL PropI2(WORD id, SHORT value);
-CEPROPVAL PropI4(WORD id, LONG value);
-CEPROPVAL PropString(WORD id, const wchar_t* value);
+// Values under a whole property identifier, and under an index with the type.
+CEPROPVAL RawI2(CEPROPID id, SHORT value);
+CEPROPVAL RawI4(CEPROPID id, LONG value);
+CEPROPVAL RawText(CEPROPID id, const wchar_t* text);
+inline CEPROPVAL PropI2(WORD id, SHORT value) { return RawI2(PROPID(id, CEVT_I2), value); }
+inline CEPROPVAL PropI4(WORD id, LONG value) { return RawI4(PROPID(id, CEVT_I4), value); }
+inline CEPROPVAL PropString(WORD id, const wchar_t* value) { return RawText(PROPID(id, CEVT_LPWSTR), value); }
 CEPROPVAL PropBlob(WORD id, std::vector<BYTE>* bytes);
 CEPROPVAL PropDelete(CEPROPID propid);
 

@@ -22,16 +22,16 @@ std::wstring Info(LCTYPE type, LCID lcid = LOCALE_USER_DEFAULT) {
   return GetLocaleInfoW(lcid, type, buffer, 200) > 0 ? buffer : L"<failed>";
 }
 
-std::wstring Date(const SYSTEMTIME& t, const wchar_t* picture, DWORD flags = 0) {
+std::wstring Formatted(decltype(&GetDateFormatW) format, const SYSTEMTIME& t,
+                       const wchar_t* picture, DWORD flags) {
   wchar_t buffer[200] = {};
-  return GetDateFormatW(LOCALE_USER_DEFAULT, flags, &t, picture, buffer, 200) > 0 ? buffer
-                                                                                  : L"<failed>";
+  return format(LOCALE_USER_DEFAULT, flags, &t, picture, buffer, 200) > 0 ? buffer : L"<failed>";
 }
-
+std::wstring Date(const SYSTEMTIME& t, const wchar_t* picture, DWORD flags = 0) {
+  return Formatted(GetDateFormatW, t, picture, flags);
+}
 std::wstring Time(const SYSTEMTIME& t, const wchar_t* picture, DWORD flags = 0) {
-  wchar_t buffer[200] = {};
-  return GetTimeFormatW(LOCALE_USER_DEFAULT, flags, &t, picture, buffer, 200) > 0 ? buffer
-                                                                                  : L"<failed>";
+  return Formatted(GetTimeFormatW, t, picture, flags);
 }
 
 SYSTEMTIME At(int y, int mo, int d, int h = 0, int mi = 0, int s = 0) {

@@ -26,15 +26,12 @@ void PoomTest::TearDown() {
 }
 
 CEOID PoomTest::NewTask(const wchar_t* subject, DATE start, DATE due) {
-  ITask* item = nullptr;
-  EXPECT_EQ(app_->CreateItem(olTaskItem, &item), S_OK);
-  if (!item) return 0;
+  ITask* item = Fresh();
   item->put_Subject(subject);
   item->put_StartDate(start);
   item->put_DueDate(due);
   EXPECT_EQ(item->Save(), S_OK);
-  CEOID oid = 0;
-  item->get_Oid(&oid);
+  const CEOID oid = OidOf(item);
   item->Release();
   return oid;
 }
@@ -89,24 +86,6 @@ std::vector<CEOID> PoomTest::Records() {
        oid = CeSeekDatabase(db_, CEDB_SEEK_CURRENT, 1, nullptr))
     out.push_back(oid);
   return out;
-}
-
-CEPROPVAL RawI2(CEPROPID id, SHORT value) {
-  CEPROPVAL v{id, 0, 0, {}};
-  v.val.iVal = value;
-  return v;
-}
-
-CEPROPVAL RawI4(CEPROPID id, LONG value) {
-  CEPROPVAL v{id, 0, 0, {}};
-  v.val.lVal = value;
-  return v;
-}
-
-CEPROPVAL RawText(CEPROPID id, const wchar_t* text) {
-  CEPROPVAL v{id, 0, 0, {}};
-  v.val.lpwstr = const_cast<wchar_t*>(text);
-  return v;
 }
 
 std::wstring TextOf(HRESULT (ITask::*get)(BSTR*), ITask* item) {

@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/cedb.h"
 #include "platform/poom.h"
-#include "tests/support/temp_root.h"
+#include "tests/platform/cedb_fixture.h"
 
 namespace velmo::testing {
 
@@ -43,10 +42,6 @@ class PoomTest : public DeviceTest {
   CEGUID volume_{};
   HANDLE db_ = INVALID_HANDLE_VALUE;
 };
-
-CEPROPVAL RawI2(CEPROPID id, SHORT value);
-CEPROPVAL RawI4(CEPROPID id, LONG value);
-CEPROPVAL RawText(CEPROPID id, const wchar_t* text);
 
 // Releases an interface when it goes.
 template <typename T>

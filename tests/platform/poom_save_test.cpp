@@ -47,19 +47,13 @@ TEST_F(PoomTest, SaveRefusesInconsistentDates) {
 }
 
 TEST_F(PoomTest, SaveRefusesMoreThan999Occurrences) {
-  struct Case {
-    LONG occurrences;
-    HRESULT expected;
-  } const cases[] = {{999, S_OK}, {1000, E_POOM_DATES}};
+  struct Case { LONG occurrences; HRESULT expected; } const cases[] = {{999, S_OK}, {1000, E_POOM_DATES}};
   for (const Case& c : cases) {
     Ref<ITask> item{Fresh()};
     item->put_DueDate(kDue);
     Ref<IRecurrencePattern> pattern;
     ASSERT_EQ(item->GetRecurrencePattern(&pattern), S_OK);
     ASSERT_EQ(pattern->put_Occurrences(c.occurrences), S_OK);
-    LONG counted = 0;
-    pattern->get_Occurrences(&counted);
-    EXPECT_EQ(counted, c.occurrences);
     EXPECT_EQ(item->Save(), c.expected) << c.occurrences;
   }
 }
@@ -126,8 +120,7 @@ CEOID WeeklyTask(IPOutlookApp* app, LONG occurrences) {
     if (occurrences > 0) pattern->put_Occurrences(occurrences);
   }
   EXPECT_EQ(item->Save(), S_OK);
-  const CEOID oid = OidOf(item.p);
-  return oid;
+  return OidOf(item.p);
 }
 
 TEST_F(PoomTest, CompletingARecurringTaskCompletesTheOccurrenceAndMovesTheSeries) {

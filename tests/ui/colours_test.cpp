@@ -6,49 +6,28 @@
 namespace velmo::testing {
 namespace {
 
-TEST(ColoursTest, NearestOf256) {
-  struct Case {
-    COLORREF colour;
-    int index;
-  };
-  const Case cases[] = {
-      {RGB(255, 0, 0), 196},     {RGB(0, 255, 0), 46},      {RGB(0, 0, 255), 21},
-      {RGB(255, 255, 255), 231}, {RGB(0, 0, 0), 16},        {RGB(128, 128, 128), 244},
-      {RGB(0x1C, 0x1C, 0x1C), 234}, {RGB(255, 165, 0), 214}, {RGB(0, 0x50, 0xB0), 25},
-      {RGB(238, 238, 238), 255},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(ui::NearestXterm256(c.colour), c.index)
-        << GetRValue(c.colour) << "," << GetGValue(c.colour) << "," << GetBValue(c.colour);
-  }
-}
-
-TEST(ColoursTest, NearestOf8) {
-  struct Case {
-    COLORREF colour;
-    int index;
-  };
-  const Case cases[] = {
-      {RGB(255, 0, 0), 1},       {RGB(0xC0, 0, 0), 1},    {RGB(0, 128, 0), 2},
-      {RGB(255, 255, 0), 3},     {RGB(0, 0, 255), 4},     {RGB(0, 0x50, 0xB0), 4},
-      {RGB(255, 0, 255), 5},     {RGB(0, 255, 255), 6},   {RGB(255, 255, 255), 7},
-      {RGB(0xC0, 0xC0, 0xC0), 7}, {RGB(0x20, 0x20, 0x20), 0}, {RGB(0xC0, 0x80, 0), 3},
+TEST(ColoursTest, NearestOf256AndOf8) {
+  struct Case { int (*nearest)(COLORREF); COLORREF colour; int index; } const cases[] = {
+      {ui::NearestXterm256, RGB(255, 0, 0), 196},       {ui::NearestXterm256, RGB(0, 255, 0), 46},
+      {ui::NearestXterm256, RGB(0, 0, 255), 21},        {ui::NearestXterm256, RGB(255, 255, 255), 231},
+      {ui::NearestXterm256, RGB(0, 0, 0), 16},          {ui::NearestXterm256, RGB(128, 128, 128), 244},
+      {ui::NearestXterm256, RGB(0x1C, 0x1C, 0x1C), 234}, {ui::NearestXterm256, RGB(255, 165, 0), 214},
+      {ui::NearestXterm256, RGB(0, 0x50, 0xB0), 25},    {ui::NearestXterm256, RGB(238, 238, 238), 255},
+      {ui::NearestAnsi8, RGB(255, 0, 0), 1},            {ui::NearestAnsi8, RGB(0xC0, 0, 0), 1},
+      {ui::NearestAnsi8, RGB(0, 128, 0), 2},            {ui::NearestAnsi8, RGB(255, 255, 0), 3},
+      {ui::NearestAnsi8, RGB(0, 0, 255), 4},            {ui::NearestAnsi8, RGB(0, 0x50, 0xB0), 4},
+      {ui::NearestAnsi8, RGB(255, 0, 255), 5},          {ui::NearestAnsi8, RGB(0, 255, 255), 6},
+      {ui::NearestAnsi8, RGB(255, 255, 255), 7},        {ui::NearestAnsi8, RGB(0xC0, 0xC0, 0xC0), 7},
+      {ui::NearestAnsi8, RGB(0x20, 0x20, 0x20), 0},     {ui::NearestAnsi8, RGB(0xC0, 0x80, 0), 3},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(ui::NearestAnsi8(c.colour), c.index)
-        << GetRValue(c.colour) << "," << GetGValue(c.colour) << "," << GetBValue(c.colour);
+    EXPECT_EQ(c.nearest(c.colour), c.index) << std::hex << c.colour;
   }
 }
 
 TEST(ColoursTest, DepthFollowsTheTerminalAndCanOnlyBeLowered) {
   using ui::ColourDepth;
-  struct Case {
-    int colours;
-    bool rgb;
-    const char* asked;
-    ColourDepth depth;
-  };
-  const Case cases[] = {
+  struct Case { int colours; bool rgb; const char* asked; ColourDepth depth; } const cases[] = {
       {0x1000000, false, nullptr, ColourDepth::kTrue}, {256, true, nullptr, ColourDepth::kTrue},
       {256, false, nullptr, ColourDepth::k256},        {88, false, nullptr, ColourDepth::k8},
       {8, false, nullptr, ColourDepth::k8},            {0, false, nullptr, ColourDepth::kMono},
@@ -68,10 +47,6 @@ TEST(ColoursTest, ThemesAndSystemColours) {
   ui::UseTheme(ui::Theme::kLight);
   EXPECT_EQ(GetSysColor(COLOR_WINDOW), RGB(255, 255, 255));
   EXPECT_NE(dark, RGB(255, 255, 255));
-  int index = COLOR_HIGHLIGHT;
-  COLORREF red = RGB(255, 0, 0);
-  EXPECT_TRUE(SetSysColors(1, &index, &red));
-  EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), red);
   EXPECT_EQ(GetSysColor(99), 0u);
   ui::UseTheme(ui::Theme::kLight);
 }

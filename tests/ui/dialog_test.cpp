@@ -1,5 +1,6 @@
 #include <string>
 
+#include "app/dismiss_dialogs.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/edit.h"
 #include "platform/ui/message_box.h"
@@ -20,11 +21,7 @@ const DLGITEMTEMPLATEW kItems[] = {
 };
 const DLGTEMPLATEW kTemplate{L"Edit Task", 0, 0, 0, kItems, 4};
 
-struct Outcome {
-  std::wstring subject;
-  std::wstring notes;
-  int answer = 0;
-};
+struct Outcome { std::wstring subject; std::wstring notes; int answer = 0; };
 Outcome* g_outcome = nullptr;
 
 std::wstring ItemText(HWND dialog, int id) {
@@ -101,10 +98,7 @@ TEST_F(DialogTest, ModalDialogRunsItsOwnLoopAndReturnsItsResult) {
 }
 
 TEST_F(DialogTest, KeysThatEndTheDialog) {
-  struct Case {
-    UINT vk;
-    INT_PTR result;
-  };
+  struct Case { UINT vk; INT_PTR result; };
   const Case cases[] = {{VK_ESCAPE, IDCANCEL}, {VK_TSOFT1, 42}, {VK_RETURN, 42}};
   for (const Case& c : cases) {
     screen_.TypeKey(c.vk);
@@ -124,27 +118,11 @@ TEST_F(DialogTest, QuitDuringADialogEndsItAndReachesTheOuterLoop) {
   EXPECT_EQ(msg.wParam, 3u);
 }
 
-// What a second start of the program does to the first one's open dialogs:
-// IDCANCEL to each window along the owner chain, up to the main window.
-void DismissDialogs(HWND main) {
-  HWND first = nullptr;
-  EnumWindows([](HWND h, LPARAM p) -> BOOL {
-    if (IsWindowVisible(h)) {
-      *reinterpret_cast<HWND*>(p) = h;
-      return FALSE;
-    }
-    return TRUE;
-  }, reinterpret_cast<LPARAM>(&first));
-  for (HWND w = first; IsWindow(w) && w != main; w = GetWindow(w, GW_OWNER)) {
-    SendMessageW(w, WM_COMMAND, MAKEWPARAM(IDCANCEL, 0), 0);
-  }
-}
-
 TEST_F(DialogTest, CancelAlongTheOwnerChainClosesNestedDialogs) {
   screen_.AddIdleStep([&] { screen_.TypeKey(VK_TSOFT2); });  // "Ask" opens a message box
   screen_.AddIdleStep([&] {
     EXPECT_TRUE(screen_.Contains(L"Save?"));
-    DismissDialogs(main_);
+    app::DismissOpenDialogs(main_);  // what a second start does to the first's dialogs
     PostMessageW(main_, WM_NULL, 0, 0);
   });
   EXPECT_EQ(Run(), IDCANCEL);

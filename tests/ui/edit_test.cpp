@@ -13,9 +13,7 @@ class EditTest : public UiTest {
  protected:
   EditTest() {
     main_ = MakeMain();
-    edit_ = CreateWindowExW(0, WC_EDITW, L"", WS_CHILD | WS_VISIBLE, 2, 3, 10, 1, main_,
-                            reinterpret_cast<HMENU>(static_cast<std::intptr_t>(kEditId)),
-                            nullptr, nullptr);
+    edit_ = MakeChild(main_, kEditId, 2, 3, 10, 1, WC_EDITW);
     SetFocus(edit_);
   }
   std::wstring Text() const {
@@ -23,9 +21,10 @@ class EditTest : public UiTest {
     GetWindowTextW(edit_, buffer, 64);
     return buffer;
   }
-  int Changes() const {
+  // How many notifications of the code the parent received.
+  int Notified(WORD code) const {
     int n = 0;
-    for (const Received& r : Of(WM_COMMAND)) n += HIWORD(r.wparam) == EN_CHANGE;
+    for (const Received& r : Of(WM_COMMAND)) n += HIWORD(r.wparam) == code;
     return n;
   }
 
@@ -34,12 +33,8 @@ class EditTest : public UiTest {
 };
 
 TEST_F(EditTest, TypingBackspaceAndCaretKeys) {
-  struct Step {
-    const wchar_t* typed;  // text typed, or nullptr for the key
-    UINT vk;
-    const wchar_t* text;   // the field afterwards
-  };
-  const Step steps[] = {
+  // Text typed (or, when null, the key), and the field afterwards.
+  struct Step { const wchar_t* typed; UINT vk; const wchar_t* text; } const steps[] = {
       {L"Buy milk", 0, L"Buy milk"},
       {nullptr, VK_BACK, L"Buy mil"},
       {nullptr, VK_HOME, L"Buy mil"},
@@ -61,7 +56,7 @@ TEST_F(EditTest, TypingBackspaceAndCaretKeys) {
     Pump();
     EXPECT_EQ(Text(), s.text);
   }
-  EXPECT_EQ(Changes(), 8 + 1 + 1 + 1 + 2);
+  EXPECT_EQ(Notified(EN_CHANGE), 8 + 1 + 1 + 1 + 2);
 }
 
 TEST_F(EditTest, CaretIsTheTerminalCursorAndTheFieldScrolls) {
@@ -91,9 +86,7 @@ TEST_F(EditTest, SelectionIsReplacedByTypingAndTextIsLimited) {
   screen_.TypeText(L"est");
   Pump();
   EXPECT_EQ(Text(), L"newes");
-  bool max_text = false;
-  for (const Received& r : Of(WM_COMMAND)) max_text |= HIWORD(r.wparam) == EN_MAXTEXT;
-  EXPECT_TRUE(max_text);
+  EXPECT_GT(Notified(EN_MAXTEXT), 0);
 }
 
 TEST_F(EditTest, WideCharactersTakeTwoCells) {

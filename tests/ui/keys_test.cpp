@@ -12,11 +12,7 @@ namespace velmo::testing {
 namespace {
 
 TEST(KeymapTest, TerminalKeysAreThePhonesKeys) {
-  struct Case {
-    int code;
-    UINT vk;
-  };
-  const Case cases[] = {
+  struct Case { int code; UINT vk; } const cases[] = {
       {KEY_F(1), VK_TSOFT1},          {KEY_F(2), VK_TSOFT2},          {KEY_F(3), VK_TTALK},
       {KEY_F(4), VK_TEND},            {KEY_F(5), VK_TVOLUMEDOWN},     {KEY_F(6), VK_TVOLUMEUP},
       {KEY_F(7), VK_TRECORD},         {KEY_NPAGE, VK_TVOLUMEDOWN},    {KEY_PPAGE, VK_TVOLUMEUP},
@@ -34,12 +30,7 @@ TEST(KeymapTest, TerminalKeysAreThePhonesKeys) {
 }
 
 TEST(KeymapTest, CharactersCarryTheirKeyAndText) {
-  struct Case {
-    wchar_t ch;
-    UINT vk;
-    wchar_t text;
-  };
-  const Case cases[] = {
+  struct Case { wchar_t ch; UINT vk; wchar_t text; } const cases[] = {
       {L'5', '5', L'5'},         {L'd', 'D', L'd'},         {L'D', 'D', L'D'},
       {L'*', VK_TSTAR, L'*'},    {L'#', VK_TPOUND, L'#'},   {L'?', 63, L'?'},
       {L'\r', VK_RETURN, L'\r'}, {L'\n', VK_RETURN, L'\r'}, {0x1B, VK_ESCAPE, 0x1B},
@@ -92,8 +83,7 @@ TEST_F(KeysTest, DisabledWindowGetsNoHotKey) {
 
 TEST_F(KeysTest, BackspaceDeletesInATextFieldAndIsTheBackKeyElsewhere) {
   HWND main = MakeMain();
-  HWND edit = CreateWindowExW(0, WC_EDITW, L"ab", WS_CHILD | WS_VISIBLE, 0, 0, 10, 1, main,
-                              nullptr, nullptr, nullptr);
+  HWND edit = MakeChild(main, 0, 0, 0, 10, 1, WC_EDITW, 0, L"ab");
   SetFocus(main);
   screen_.TypeBackspace();
   Pump();

@@ -23,11 +23,8 @@ class ListViewTest : public UiTest {
       return TRUE;
     };
     main_ = MakeMain();
-    list_ = CreateWindowExW(0, WC_LISTVIEWW, L"No matches for this filter",
-                            WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED,
-                            0, 0, 40, 4, main_,
-                            reinterpret_cast<HMENU>(static_cast<std::intptr_t>(kListId)), nullptr,
-                            nullptr);
+    list_ = MakeChild(main_, kListId, 0, 0, 40, 4, WC_LISTVIEWW,
+                      LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED, L"No matches for this filter");
     SetFocus(list_);
   }
 
@@ -58,12 +55,7 @@ class ListViewTest : public UiTest {
 TEST_F(ListViewTest, KeysMoveTheSelectionAPageAtATimeWithoutWrapping) {
   Fill({0, 1, 2, 3, 4, 5, 6, 7, 8, 9});
   ASSERT_EQ(ListView_GetCountPerPage(list_), 4);
-  struct Step {
-    UINT vk;
-    int focused;
-    int top;
-  };
-  const Step steps[] = {
+  struct Step { UINT vk; int focused; int top; } const steps[] = {
       {VK_DOWN, 0, 0},  {VK_DOWN, 1, 0},  {VK_DOWN, 2, 0},  {VK_DOWN, 3, 0},  {VK_DOWN, 4, 1},
       {VK_UP, 3, 1},    {VK_UP, 2, 1},    {VK_UP, 1, 1},    {VK_UP, 0, 0},    {VK_UP, 0, 0},
       {VK_NEXT, 3, 0},  {VK_NEXT, 7, 4},  {VK_NEXT, 9, 6},  {VK_NEXT, 9, 6},  {VK_DOWN, 9, 6},

@@ -66,11 +66,7 @@ TEST_F(MenuTest, MenuOpensUpwardFromTheSoftKeyWithNumberedItems) {
 }
 
 TEST_F(MenuTest, KeysWalkIntoSubmenusAndBack) {
-  struct Case {
-    const wchar_t* name;
-    std::vector<UINT> keys;
-    std::vector<UINT> commands;
-  };
+  struct Case { const wchar_t* name; std::vector<UINT> keys; std::vector<UINT> commands; };
   const Case cases[] = {
       {L"number opens the submenu", {'3', '2'}, {kByDue}},
       {L"down skips the separator and the grey item is chosen by nothing",

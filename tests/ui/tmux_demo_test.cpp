@@ -3,16 +3,12 @@
 // capture-pane. The demo is a disabled test of this binary that the tmux test
 // starts on purpose.
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <string>
-#include <thread>
 
 #include "platform/ui/screen_ncurses.h"
 #include "platform/ui/winuser.h"
+#include "tests/e2e/tmux_session.h"
 
 namespace velmo::testing {
 namespace {
@@ -92,68 +88,29 @@ TEST(UiDemoProgram, DISABLED_Run) {
   DestroyMenu(menu);
 }
 
-class Tmux {
- public:
-  Tmux() : socket_("velmo-ui-" + std::to_string(getpid())) {}
-  ~Tmux() { Run("kill-server 2>/dev/null"); }
-  int Run(const std::string& args) {
-    return std::system(("tmux -L " + socket_ + " " + args).c_str());
-  }
-  std::string Capture() {
-    std::string out;
-    FILE* p = popen(("tmux -L " + socket_ + " capture-pane -p -t demo 2>/dev/null").c_str(), "r");
-    if (!p) return out;
-    char buffer[4096];
-    size_t n;
-    while ((n = fread(buffer, 1, sizeof buffer, p)) > 0) out.append(buffer, n);
-    pclose(p);
-    return out;
-  }
-  // Waits until the pane shows the text (true) or two seconds pass.
-  bool WaitFor(const std::string& text) {
-    for (int i = 0; i < 200; ++i) {
-      if (Capture().find(text) != std::string::npos) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return false;
-  }
-  void Keys(const std::string& keys) { Run("send-keys -t demo " + keys); }
-
- private:
-  std::string socket_;
-};
-
 TEST(UiTmuxTest, DemoRunsInARealTerminal) {
   if (std::system("command -v tmux >/dev/null 2>&1") != 0) GTEST_SKIP() << "no tmux";
-  std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
-  Tmux tmux;
-  ASSERT_EQ(tmux.Run("new-session -d -s demo -x 50 -y 16 '" + self +
-                     " --gtest_also_run_disabled_tests --gtest_filter=UiDemoProgram.DISABLED_Run'"),
-            0);
-  ASSERT_TRUE(tmux.WaitFor("Task 14")) << tmux.Capture();
-  std::string screen = tmux.Capture();
+  const std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
+  TmuxSession tmux(self + " --gtest_also_run_disabled_tests --gtest_filter=UiDemoProgram.DISABLED_Run",
+                   {}, 50, 16);
+  ASSERT_TRUE(tmux.WaitFor("Task 14")) << tmux.Screen();
+  const std::string screen = tmux.Screen();
   EXPECT_NE(screen.find("Velmo UI Demo"), std::string::npos);
   EXPECT_EQ(screen.find("Task 15"), std::string::npos) << "14 rows fit between the lines";
-  tmux.Keys("Down Down Down Down Down Down Down Down Down Down Down Down Down Down Down");
+  tmux.Keys(std::vector<std::string>(15, "Down"));
   ASSERT_TRUE(tmux.WaitFor("Task 16")) << "the list scrolls with the selection";
-  tmux.Keys("F2");
-  ASSERT_TRUE(tmux.WaitFor("2 Exit")) << tmux.Capture();
-  tmux.Keys("1");
-  ASSERT_TRUE(tmux.WaitFor("Delete?")) << tmux.Capture();
-  tmux.Keys("F1");
-  ASSERT_TRUE(tmux.WaitFor("Answer: Yes")) << tmux.Capture();
-  tmux.Run("resize-window -t demo -x 40 -y 10");
+  tmux.Keys({"F2"});
+  ASSERT_TRUE(tmux.WaitFor("2 Exit")) << tmux.Screen();
+  tmux.Keys({"1"});
+  ASSERT_TRUE(tmux.WaitFor("Delete?")) << tmux.Screen();
+  tmux.Keys({"F1"});
+  ASSERT_TRUE(tmux.WaitFor("Answer: Yes")) << tmux.Screen();
+  tmux.Resize(40, 10);
   // The right soft key is cut off by the narrower pane until the demo redraws.
-  ASSERT_TRUE(tmux.WaitFor("Menu")) << "redrawn after the resize: " << tmux.Capture();
-  std::string small = tmux.Capture();
-  EXPECT_NE(small.find("Ask"), std::string::npos) << small;
-  tmux.Keys("Escape");
-  bool ended = false;
-  for (int i = 0; i < 200 && !ended; ++i) {
-    ended = tmux.Run("has-session -t demo 2>/dev/null") != 0;
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
-  EXPECT_TRUE(ended) << "Esc (a hot key of the demo) ends it: " << tmux.Capture();
+  ASSERT_TRUE(tmux.WaitFor("Menu")) << "redrawn after the resize: " << tmux.Screen();
+  EXPECT_NE(tmux.Screen().find("Ask"), std::string::npos) << tmux.Screen();
+  tmux.Keys({"Escape"});
+  EXPECT_TRUE(tmux.WaitForEnd()) << "Esc (a hot key of the demo) ends it: " << tmux.Screen();
 }
 
 }  // namespace

