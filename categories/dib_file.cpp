@@ -1,12 +1,12 @@
 #include "categories/dib_file.h"
 
-#include <gdk-pixbuf/gdk-pixbuf.h>
-
 #include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <string>
+
+#include "categories/pixbuf_library.h"
 
 namespace velmo {
 namespace {
@@ -16,9 +16,10 @@ constexpr std::uintmax_t kMaxFileBytes = 16u << 20;
 constexpr int kMaxSide = 4096;
 
 struct LoaderDeleter {
+  const PixbufLibrary* lib;
   void operator()(GdkPixbufLoader* loader) const {
-    gdk_pixbuf_loader_close(loader, nullptr);
-    g_object_unref(loader);
+    lib->loader_close(loader, nullptr);
+    lib->object_unref(loader);
   }
 };
 
@@ -39,13 +40,13 @@ bool ReadWholeFile(const std::filesystem::path& path, std::string* bytes, DWORD*
   return true;
 }
 
-void CopyPixels(const GdkPixbuf* pixbuf, Bitmap* out) {
-  const int w = gdk_pixbuf_get_width(pixbuf);
-  const int h = gdk_pixbuf_get_height(pixbuf);
-  const int channels = gdk_pixbuf_get_n_channels(pixbuf);
-  const bool alpha = gdk_pixbuf_get_has_alpha(pixbuf);
-  const int stride = gdk_pixbuf_get_rowstride(pixbuf);
-  const guchar* data = gdk_pixbuf_read_pixels(pixbuf);
+void CopyPixels(const PixbufLibrary& lib, const GdkPixbuf* pixbuf, Bitmap* out) {
+  const int w = lib.get_width(pixbuf);
+  const int h = lib.get_height(pixbuf);
+  const int channels = lib.get_n_channels(pixbuf);
+  const bool alpha = lib.get_has_alpha(pixbuf);
+  const int stride = lib.get_rowstride(pixbuf);
+  const guchar* data = lib.read_pixels(pixbuf);
   *out = Bitmap(w, h, kIconKeyColor);
   for (int y = 0; y < h; ++y) {
     const guchar* row = data + static_cast<size_t>(y) * stride;
@@ -62,20 +63,22 @@ DWORD LoadDibFile(const std::filesystem::path& path, Bitmap* out) {
   std::string bytes;
   DWORD error = ERROR_SUCCESS;
   if (!ReadWholeFile(path, &bytes, &error)) return error;
+  const PixbufLibrary* lib = Pixbuf();
+  if (!lib) return ERROR_BAD_FORMAT;
   // Only the BMP reader: a file of another format named .bmp is a bad file.
-  std::unique_ptr<GdkPixbufLoader, LoaderDeleter> loader(
-      gdk_pixbuf_loader_new_with_type("bmp", nullptr));
+  std::unique_ptr<GdkPixbufLoader, LoaderDeleter> loader(lib->loader_new_with_type("bmp", nullptr),
+                                                         LoaderDeleter{lib});
   if (!loader) return ERROR_BAD_FORMAT;
-  if (!gdk_pixbuf_loader_write(loader.get(), reinterpret_cast<const guchar*>(bytes.data()),
-                               bytes.size(), nullptr) ||
-      !gdk_pixbuf_loader_close(loader.get(), nullptr))
+  if (!lib->loader_write(loader.get(), reinterpret_cast<const guchar*>(bytes.data()), bytes.size(),
+                         nullptr) ||
+      !lib->loader_close(loader.get(), nullptr))
     return ERROR_BAD_FORMAT;
-  const GdkPixbuf* pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
-  if (!pixbuf || gdk_pixbuf_get_colorspace(pixbuf) != GDK_COLORSPACE_RGB ||
-      gdk_pixbuf_get_bits_per_sample(pixbuf) != 8 || gdk_pixbuf_get_n_channels(pixbuf) < 3 ||
-      gdk_pixbuf_get_width(pixbuf) > kMaxSide || gdk_pixbuf_get_height(pixbuf) > kMaxSide)
+  const GdkPixbuf* pixbuf = lib->loader_get_pixbuf(loader.get());
+  if (!pixbuf || lib->get_colorspace(pixbuf) != GDK_COLORSPACE_RGB ||
+      lib->get_bits_per_sample(pixbuf) != 8 || lib->get_n_channels(pixbuf) < 3 ||
+      lib->get_width(pixbuf) > kMaxSide || lib->get_height(pixbuf) > kMaxSide)
     return ERROR_BAD_FORMAT;
-  CopyPixels(pixbuf, out);
+  CopyPixels(*lib, pixbuf, out);
   return ERROR_SUCCESS;
 }
 
