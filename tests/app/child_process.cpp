@@ -123,6 +123,12 @@ std::string ChildProcess::error_output() {
   return errors_;
 }
 
+bool WaitForFile(const std::filesystem::path& file) {
+  for (int i = 0; i < 200 && !std::filesystem::exists(file); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return std::filesystem::exists(file);
+}
+
 int RunToEnd(const std::string& program, const std::vector<std::string>& args,
              std::string* error_output) {
   ChildProcess child(program, args);

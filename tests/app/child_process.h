@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,9 @@ class ChildProcess {
   std::string output_, errors_;
   size_t scanned_ = 0;
 };
+
+// Waits up to two seconds for a file a child process makes; true once it is there.
+bool WaitForFile(const std::filesystem::path& file);
 
 // Runs a program to its end and returns its exit code.
 int RunToEnd(const std::string& program, const std::vector<std::string>& args,

@@ -1,20 +1,20 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "app/shortcut_actions.h"
 #include "app/shortcut_apps.h"
 #include "app/shortcut_store.h"
 #include "platform/registry.h"
 #include "settings/registry_io.h"
+#include "tests/app/child_process.h"
 #include "tests/support/temp_root.h"
 
 namespace velmo {
 namespace {
 
 using ShortcutsStoreTest = testing::DeviceTest;
+using testing::WaitForFile;
 
 std::vector<BYTE> StoredShortcuts(DWORD* type) {
   HKEY key = nullptr;
@@ -33,12 +33,6 @@ void WriteRaw(DWORD type, const std::vector<BYTE>& bytes) {
                   nullptr);
   RegSetValueExW(key, L"Shortcuts", 0, type, bytes.data(), static_cast<DWORD>(bytes.size()));
   RegCloseKey(key);
-}
-
-bool WaitForFile(const std::filesystem::path& file) {
-  for (int i = 0; i < 200 && !std::filesystem::exists(file); ++i)
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  return std::filesystem::exists(file);
 }
 
 TEST_F(ShortcutsStoreTest, SavedAsFortyTwoLittleEndianBytesAndReadBack) {

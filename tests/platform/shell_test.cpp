@@ -1,23 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "platform/lasterror.h"
 #include "platform/shell.h"
+#include "tests/app/child_process.h"
 #include "tests/support/temp_root.h"
 
 namespace velmo {
 namespace {
 
 using ShellTest = testing::DeviceTest;
-
-bool WaitForFile(const std::filesystem::path& file) {
-  for (int i = 0; i < 200 && !std::filesystem::exists(file); ++i)
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  return std::filesystem::exists(file);
-}
+using testing::WaitForFile;
 
 TEST_F(ShellTest, ArgumentsReachTheProgramAsTheyAreAndFailuresAreReported) {
   // Text a shell would expand or split names one file, exactly.
