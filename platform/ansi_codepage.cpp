@@ -60,21 +60,27 @@ std::string ToWindows1252(std::wstring_view text) {
 void DecodeWindows1252(std::string_view bytes, wchar_t* out) {
   const auto* in = reinterpret_cast<const unsigned char*>(bytes.data());
   const size_t length = bytes.size();
-  // Plain ASCII maps to itself, eight bytes at a time; the table (and ICU
+  // Plain ASCII maps to itself, sixteen bytes at a time; the table (and ICU
   // behind it) is asked only for the other bytes.
   const std::array<wchar_t, 256>* table = nullptr;
   const auto lookup = [&table](unsigned char byte) {
     if (!table) table = &Page().to_wide;
     return (*table)[byte];
   };
+  // Each block is widened from a local copy: the compiler cannot know that the
+  // output does not overlap bytes it reads through a char pointer, and would
+  // otherwise widen one byte at a time.
+  constexpr size_t kBlock = 16;
   size_t i = 0;
-  for (; i + 8 <= length; i += 8) {
-    std::uint64_t block;
-    std::memcpy(&block, in + i, 8);
-    if (block & 0x8080808080808080ull) {
-      for (size_t k = i; k < i + 8; ++k) out[k] = in[k] < 0x80 ? in[k] : lookup(in[k]);
+  for (; i + kBlock <= length; i += kBlock) {
+    unsigned char block[kBlock];
+    std::memcpy(block, in + i, kBlock);
+    std::uint64_t halves[2];
+    std::memcpy(halves, block, kBlock);
+    if ((halves[0] | halves[1]) & 0x8080808080808080ull) {
+      for (size_t k = 0; k < kBlock; ++k) out[i + k] = block[k] < 0x80 ? block[k] : lookup(block[k]);
     } else {
-      for (size_t k = i; k < i + 8; ++k) out[k] = in[k];
+      for (size_t k = 0; k < kBlock; ++k) out[i + k] = block[k];
     }
   }
   for (; i < length; ++i) out[i] = in[i] < 0x80 ? in[i] : lookup(in[i]);
