@@ -53,7 +53,10 @@ constexpr const char* kSqlText[] = {
     "INSERT INTO changes(db, oid, parent, kind) VALUES(?1, ?2, ?3, ?4)",
     "DELETE FROM changes WHERE seq<=?1",
     "SELECT seq, db, oid, parent, kind FROM changes WHERE seq>?1 ORDER BY seq",
-    "SELECT ifnull(min(seq), 0), ifnull(max(seq), 0) FROM changes",
+    // Two subqueries: SQLite answers a lone min() or max() from the key's b-tree,
+    // but scans the whole journal for both in one select.
+    "SELECT ifnull((SELECT min(seq) FROM changes), 0),"
+    " ifnull((SELECT max(seq) FROM changes), 0)",
     "PRAGMA data_version",
 };
 static_assert(std::size(kSqlText) == static_cast<size_t>(Sql::kCount));
