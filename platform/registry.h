@@ -115,4 +115,18 @@ LONG ExportTree(const std::wstring& path, std::vector<RawKey>* out);
 // Creates the keys and sets their values in one transaction: all or nothing.
 LONG ImportKeys(const std::vector<RawKey>& keys);
 
+// Many reads as one: while it lives, the registry's queries share one read
+// transaction instead of taking and dropping the file's locks for each value.
+// No registry write may happen while it lives (a write would be refused).
+class ScopedReadBatch {
+ public:
+  ScopedReadBatch();
+  ~ScopedReadBatch();
+  ScopedReadBatch(const ScopedReadBatch&) = delete;
+  ScopedReadBatch& operator=(const ScopedReadBatch&) = delete;
+
+ private:
+  bool open_ = false;
+};
+
 }  // namespace velmo::registry

@@ -279,4 +279,18 @@ std::string FilePath() { return (device::Root() / "registry.db").string(); }
 
 std::string LastFailure() { return t_failure; }
 
+ScopedReadBatch::ScopedReadBatch() {
+  LONG error = ERROR_SUCCESS;
+  sqlite3* db = Connection(&error);
+  // Nested batches and batches inside a write leave the open transaction alone.
+  if (db && sqlite3_get_autocommit(db))
+    open_ = sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+ScopedReadBatch::~ScopedReadBatch() {
+  LONG error = ERROR_SUCCESS;
+  if (!open_) return;
+  if (sqlite3* db = Connection(&error)) sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr);
+}
+
 }  // namespace velmo::registry

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "platform/notify.h"
+#include "platform/registry.h"
 #include "settings/migration.h"
 #include "settings/registry_io.h"
 #include "settings/settings.h"
@@ -117,21 +118,25 @@ int LoadSettings(Settings& s) {
     return 1;
   }
 
+  // The old value is read (and its key deletion made) before the batch of reads
+  // below; "InfosCompressed", read later, overrides it when present.
+  ReadOldDateInCompactList(key.get(), s);
   int incomplete = 0;
-  for (const Entry& e : settings_table::Entries()) {
-    if (e.dword == &Settings::infos_compressed) ReadOldDateInCompactList(key.get(), s);
-    if (!ReadEntry(key.get(), e, s)) incomplete = 1;
+  {
+    registry::ScopedReadBatch batch;
+    for (const Entry& e : settings_table::Entries())
+      if (!ReadEntry(key.get(), e, s)) incomplete = 1;
+    for (int i = 0; i < kMyTextCount; ++i)
+      if (!ReadText(key.get(), settings_table::MyTextName(i).c_str(), REG_SZ, &s.txt[i]))
+        incomplete = 1;
+    for (int i = 0; i < kLongTextCount; ++i)
+      if (!ReadText(key.get(), settings_table::LongTextName(i).c_str(), REG_MULTI_SZ,
+                    &s.long_txt[i]))
+        incomplete = 1;
+    // Written by the task table's load, not by the save: absence is no gap.
+    ReadDword(key.get(), L"LastModifiedHigh", &s.last_modified.dwHighDateTime);
+    ReadDword(key.get(), L"LastModifiedLow", &s.last_modified.dwLowDateTime);
   }
-  for (int i = 0; i < kMyTextCount; ++i)
-    if (!ReadText(key.get(), settings_table::MyTextName(i).c_str(), REG_SZ, &s.txt[i]))
-      incomplete = 1;
-  for (int i = 0; i < kLongTextCount; ++i)
-    if (!ReadText(key.get(), settings_table::LongTextName(i).c_str(), REG_MULTI_SZ,
-                  &s.long_txt[i]))
-      incomplete = 1;
-  // Written by the task table's load, not by the save: absence is no gap.
-  ReadDword(key.get(), L"LastModifiedHigh", &s.last_modified.dwHighDateTime);
-  ReadDword(key.get(), L"LastModifiedLow", &s.last_modified.dwLowDateTime);
 
   const std::wstring program = ProgramFilePath();
   if (s.path != program) {
