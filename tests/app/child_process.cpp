@@ -130,11 +130,12 @@ bool WaitForFile(const std::filesystem::path& file) {
 }
 
 int RunToEnd(const std::string& program, const std::vector<std::string>& args,
-             std::string* error_output) {
+             std::string* error_output, std::string* output) {
   ChildProcess child(program, args);
   child.CloseInput();
   const int code = child.Wait();
   if (error_output) *error_output = child.error_output();
+  if (output) *output = child.output();
   return code;
 }
 

@@ -50,8 +50,9 @@ class ChildProcess {
 // Waits up to two seconds for a file a child process makes; true once it is there.
 bool WaitForFile(const std::filesystem::path& file);
 
-// Runs a program to its end and returns its exit code.
+// Runs a program to its end and returns its exit code; its standard error and
+// output are handed back when asked for.
 int RunToEnd(const std::string& program, const std::vector<std::string>& args,
-             std::string* error_output = nullptr);
+             std::string* error_output = nullptr, std::string* output = nullptr);
 
 }  // namespace velmo::testing

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/device.h"
+#include "tests/app/child_process.h"
 #include "tests/settings/settings_fixture.h"
 
 namespace velmo {
@@ -21,12 +22,11 @@ std::string ReadAll(const std::filesystem::path& path) {
 
 class RegCommandTest : public testing::SettingsTest {
  protected:
-  Result Velmo(const std::string& args) {
-    const std::filesystem::path out = root() / "out.txt", err = root() / "err.txt";
-    const std::string command = std::string(VELMO_BIN) + " --root '" + device::Root().string() +
-                                "' " + args + " >'" + out.string() + "' 2>'" + err.string() + "'";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(out), ReadAll(err)};
+  Result Velmo(std::vector<std::string> args) {
+    args.insert(args.begin(), {"--root", device::Root().string()});
+    Result r;
+    r.code = testing::RunToEnd(VELMO_BIN, args, &r.err, &r.out);
+    return r;
   }
   std::filesystem::path Write(const std::string& name, const std::string& text) {
     const std::filesystem::path path = root() / name;
@@ -37,7 +37,7 @@ class RegCommandTest : public testing::SettingsTest {
 
 TEST_F(RegCommandTest, ExportShowsTheSavedSettingsInTheUsualForm) {
   SaveFirstStart();
-  const Result r = Velmo("reg export");
+  const Result r = Velmo({"reg", "export"});
   ASSERT_EQ(0, r.code) << r.err;
   EXPECT_EQ(0u, r.out.find("Windows Registry Editor Version 5.00\n\n"
                            "[HKEY_CURRENT_USER\\Software\\Velmo ToDo]\n"
@@ -48,8 +48,8 @@ TEST_F(RegCommandTest, ExportShowsTheSavedSettingsInTheUsualForm) {
   EXPECT_NE(std::string::npos, r.out.find("\"Path\"=\"/opt/velmo/bin/velmo-todo\"\n"));
   EXPECT_NE(std::string::npos, r.out.find("\"Txt20\"=\"\"\n\"NTxt1\"=hex(7):00,00\n"));
 
-  EXPECT_EQ(1, Velmo("reg export 'HKEY_CURRENT_USER\\Software\\Nothing'").code);
-  const Result bad_root = Velmo("reg export 'HKEY_USERS\\x'");
+  EXPECT_EQ(1, Velmo({"reg", "export", "HKEY_CURRENT_USER\\Software\\Nothing"}).code);
+  const Result bad_root = Velmo({"reg", "export", "HKEY_USERS\\x"});
   EXPECT_EQ(2, bad_root.code);
   EXPECT_NE(std::string::npos, bad_root.err.find("HKEY_CURRENT_USER"));
 }
@@ -72,12 +72,12 @@ TEST_F(RegCommandTest, ExportAndImportRoundTripByteExact) {
   RegCloseKey(key);
   const std::vector<registry::RawValue> before = Stored();
 
-  const Result exported = Velmo("reg export");
+  const Result exported = Velmo({"reg", "export"});
   ASSERT_EQ(0, exported.code) << exported.err;
   const std::filesystem::path file = Write("settings.reg", exported.out);
 
   device::SetRoot(root() / "other-device");
-  const Result imported = Velmo("reg import '" + file.string() + "'");
+  const Result imported = Velmo({"reg", "import", file.string()});
   ASSERT_EQ(0, imported.code) << imported.err;
   const std::vector<registry::RawValue> after = Stored();
   ASSERT_EQ(before.size(), after.size());
@@ -86,7 +86,7 @@ TEST_F(RegCommandTest, ExportAndImportRoundTripByteExact) {
     EXPECT_EQ(before[i].type, after[i].type);
     EXPECT_EQ(before[i].bytes, after[i].bytes);
   }
-  EXPECT_EQ(exported.out, Velmo("reg export").out) << "sub-keys included";
+  EXPECT_EQ(exported.out, Velmo({"reg", "export"}).out) << "sub-keys included";
   Settings loaded;
   EXPECT_EQ(0, LoadSettings(loaded));
   EXPECT_EQ(s.txt[0], loaded.txt[0]);
@@ -102,21 +102,21 @@ TEST_F(RegCommandTest, AMalformedFileIsReportedByLineAndWritesNothing) {
             "\"NDays\"=dword:00000003\n"
             "\"ADays\"=dword:nope\n"
             "\"Sort\"=hex:01,02,zz\n");
-  const Result r = Velmo("reg import '" + file.string() + "'");
+  const Result r = Velmo({"reg", "import", file.string()});
   EXPECT_EQ(1, r.code);
   EXPECT_NE(std::string::npos, r.err.find("bad.reg:5:"));
   EXPECT_NE(std::string::npos, r.err.find("bad.reg:6:"));
   EXPECT_EQ(7u, StoredDword(L"NDays")) << "the valid line before was not written either";
 
-  const Result missing = Velmo("reg import '" + (root() / "absent.reg").string() + "'");
+  const Result missing = Velmo({"reg", "import", (root() / "absent.reg").string()});
   EXPECT_EQ(1, missing.code);
   EXPECT_NE(std::string::npos, missing.err.find("absent.reg"));
-  EXPECT_EQ(2, Velmo("reg frobnicate").code);
+  EXPECT_EQ(2, Velmo({"reg", "frobnicate"}).code);
 }
 
 TEST_F(RegCommandTest, ADamagedRegistryIsNamedAndLeftAlone) {
   Write("registry.db", std::string(2048, 'z'));
-  const Result r = Velmo("reg export");
+  const Result r = Velmo({"reg", "export"});
   EXPECT_EQ(1, r.code);
   EXPECT_NE(std::string::npos, r.err.find((root() / "registry.db").string()));
   EXPECT_EQ(std::string(2048, 'z'), ReadAll(root() / "registry.db"));
