@@ -6,6 +6,8 @@
 
 #include <cstring>
 
+#include "platform/sdbus_library.h"
+
 namespace velmo::notify {
 namespace {
 
@@ -15,8 +17,11 @@ constexpr char kInterface[] = "org.freedesktop.Notifications";
 constexpr char kAppName[] = "Velmo ToDo List";
 constexpr std::uint64_t kCallTimeoutUs = 5'000'000;
 
+// The bus library; only called once a connection exists, which needed it loaded.
+const SdBusLibrary& Bus() { return *SdBus(); }
+
 std::string ErrorText(int rc, const sd_bus_error* error) {
-  if (error && sd_bus_error_is_set(error) && error->message) return error->message;
+  if (error && Bus().error_is_set(error) && error->message) return error->message;
   return std::strerror(-rc);
 }
 
@@ -41,24 +46,29 @@ DesktopNotifier::~DesktopNotifier() { Drop(""); }
 
 void DesktopNotifier::Drop(const std::string& why) {
   if (!why.empty()) failure_ = why;
-  action_slot_ = sd_bus_slot_unref(action_slot_);
-  closed_slot_ = sd_bus_slot_unref(closed_slot_);
-  bus_ = sd_bus_flush_close_unref(bus_);
+  if (!bus_) return;
+  action_slot_ = Bus().slot_unref(action_slot_);
+  closed_slot_ = Bus().slot_unref(closed_slot_);
+  bus_ = Bus().flush_close_unref(bus_);
 }
 
 bool DesktopNotifier::Connect() {
   if (bus_) return true;
+  if (!SdBus()) {
+    failure_ = std::string("no session bus: ") + SdBusLoadFailure();
+    return false;
+  }
   sd_bus* bus = nullptr;
-  int rc = sd_bus_open_user(&bus);
+  int rc = Bus().open_user(&bus);
   if (rc < 0) {
     failure_ = std::string("no session bus: ") + std::strerror(-rc);
     return false;
   }
   bus_ = bus;
-  rc = sd_bus_match_signal(bus_, &action_slot_, nullptr, kPath, kInterface, "ActionInvoked",
+  rc = Bus().match_signal(bus_, &action_slot_, nullptr, kPath, kInterface, "ActionInvoked",
                            &DesktopNotifier::OnActionInvoked, this);
   if (rc >= 0)
-    rc = sd_bus_match_signal(bus_, &closed_slot_, nullptr, kPath, kInterface,
+    rc = Bus().match_signal(bus_, &closed_slot_, nullptr, kPath, kInterface,
                              "NotificationClosed", &DesktopNotifier::OnClosed, this);
   if (rc < 0) {
     Drop(std::string("no session bus: ") + std::strerror(-rc));
@@ -68,10 +78,10 @@ bool DesktopNotifier::Connect() {
   sd_bus_error error = SD_BUS_ERROR_NULL;
   sd_bus_message* reply = nullptr;
   body_markup_ = false;
-  if (sd_bus_call_method(bus_, kService, kPath, kInterface, "GetCapabilities", &error, &reply,
+  if (Bus().call_method(bus_, kService, kPath, kInterface, "GetCapabilities", &error, &reply,
                          "") >= 0) {
     char** capabilities = nullptr;
-    if (sd_bus_message_read_strv(reply, &capabilities) >= 0 && capabilities) {
+    if (Bus().message_read_strv(reply, &capabilities) >= 0 && capabilities) {
       for (char** c = capabilities; *c; ++c) {
         if (std::strcmp(*c, "body-markup") == 0) body_markup_ = true;
         free(*c);
@@ -79,8 +89,8 @@ bool DesktopNotifier::Connect() {
       free(capabilities);
     }
   }
-  sd_bus_message_unref(reply);
-  sd_bus_error_free(&error);
+  Bus().message_unref(reply);
+  Bus().error_free(&error);
   return true;
 }
 
@@ -92,40 +102,40 @@ std::uint32_t DesktopNotifier::Raise(const std::string& title, const std::string
   sd_bus_error error = SD_BUS_ERROR_NULL;
   std::uint32_t id = 0;
   const std::string body = body_markup_ ? EscapeMarkup(text) : text;
-  int rc = sd_bus_message_new_method_call(bus_, &call, kService, kPath, kInterface, "Notify");
+  int rc = Bus().message_new_method_call(bus_, &call, kService, kPath, kInterface, "Notify");
   if (rc >= 0)
-    rc = sd_bus_message_append(call, "susss", kAppName, 0u, "appointment-soon", title.c_str(),
+    rc = Bus().message_append(call, "susss", kAppName, 0u, "appointment-soon", title.c_str(),
                                body.c_str());
   if (rc >= 0)
-    rc = with_open ? sd_bus_message_append(call, "as", 2, kOpenAction, "Open")
-                   : sd_bus_message_append(call, "as", 0);
+    rc = with_open ? Bus().message_append(call, "as", 2, kOpenAction, "Open")
+                   : Bus().message_append(call, "as", 0);
   // Urgency 1 (normal); -1: the server decides how long it stays.
-  if (rc >= 0) rc = sd_bus_message_append(call, "a{sv}i", 1, "urgency", "y", 1, -1);
-  if (rc >= 0) rc = sd_bus_call(bus_, call, kCallTimeoutUs, &error, &reply);
-  if (rc >= 0) rc = sd_bus_message_read(reply, "u", &id);
+  if (rc >= 0) rc = Bus().message_append(call, "a{sv}i", 1, "urgency", "y", 1, -1);
+  if (rc >= 0) rc = Bus().call(bus_, call, kCallTimeoutUs, &error, &reply);
+  if (rc >= 0) rc = Bus().message_read(reply, "u", &id);
   if (rc < 0) {
     const std::string why = "cannot raise the notification: " + ErrorText(rc, &error);
     // A failure of the connection itself ends it; a refusal of the server does not.
-    if (!sd_bus_error_is_set(&error) || !sd_bus_is_open(bus_)) Drop(why);
+    if (!Bus().error_is_set(&error) || !Bus().is_open(bus_)) Drop(why);
     else failure_ = why;
     id = 0;
   }
-  sd_bus_error_free(&error);
-  sd_bus_message_unref(reply);
-  sd_bus_message_unref(call);
+  Bus().error_free(&error);
+  Bus().message_unref(reply);
+  Bus().message_unref(call);
   return id;
 }
 
-int DesktopNotifier::fd() const { return bus_ ? sd_bus_get_fd(bus_) : -1; }
+int DesktopNotifier::fd() const { return bus_ ? Bus().get_fd(bus_) : -1; }
 
 short DesktopNotifier::events() const {
-  const int e = bus_ ? sd_bus_get_events(bus_) : 0;
+  const int e = bus_ ? Bus().get_events(bus_) : 0;
   return static_cast<short>(e > 0 ? e : POLLIN);
 }
 
 int DesktopNotifier::timeout_ms() const {
   std::uint64_t until = 0;
-  if (!bus_ || sd_bus_get_timeout(bus_, &until) < 0 || until == UINT64_MAX) return -1;
+  if (!bus_ || Bus().get_timeout(bus_, &until) < 0 || until == UINT64_MAX) return -1;
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   const std::uint64_t now_us =
@@ -135,7 +145,7 @@ int DesktopNotifier::timeout_ms() const {
 
 void DesktopNotifier::Process() {
   while (bus_) {
-    const int rc = sd_bus_process(bus_, nullptr);
+    const int rc = Bus().process(bus_, nullptr);
     if (rc < 0) {
       Drop(std::string("the session bus went away: ") + std::strerror(-rc));
       return;
@@ -145,14 +155,14 @@ void DesktopNotifier::Process() {
 }
 
 void DesktopNotifier::Flush() {
-  if (bus_) sd_bus_flush(bus_);
+  if (bus_) Bus().flush(bus_);
 }
 
 int DesktopNotifier::OnActionInvoked(sd_bus_message* m, void* self, sd_bus_error*) {
   std::uint32_t id = 0;
   const char* action = nullptr;
   auto* notifier = static_cast<DesktopNotifier*>(self);
-  if (sd_bus_message_read(m, "us", &id, &action) >= 0 && action &&
+  if (Bus().message_read(m, "us", &id, &action) >= 0 && action &&
       notifier->handlers_.action_invoked)
     notifier->handlers_.action_invoked(id, action);
   return 0;
@@ -162,7 +172,7 @@ int DesktopNotifier::OnClosed(sd_bus_message* m, void* self, sd_bus_error*) {
   std::uint32_t id = 0;
   std::uint32_t reason = 0;
   auto* notifier = static_cast<DesktopNotifier*>(self);
-  if (sd_bus_message_read(m, "uu", &id, &reason) >= 0 && notifier->handlers_.closed)
+  if (Bus().message_read(m, "uu", &id, &reason) >= 0 && notifier->handlers_.closed)
     notifier->handlers_.closed(id, reason);
   return 0;
 }
