@@ -20,10 +20,25 @@ void UseProgramBeside() {
   SetProgramFilePath(FromUtf8((self.parent_path() / "velmo-todo").string()));
 }
 
-}  // namespace
+// The device volume stays mounted from the check of its databases until the
+// tasks database is open: one connection to its file, not one each.
+class HeldVolume {
+ public:
+  HeldVolume() : held_(CeMountDBVol(&volume_, cedb::kDefaultVolumePath, OPEN_ALWAYS) != FALSE) {}
+  ~HeldVolume() {
+    if (held_) CeUnmountDBVol(&volume_);
+  }
+  HeldVolume(const HeldVolume&) = delete;
+  HeldVolume& operator=(const HeldVolume&) = delete;
 
-bool OpenDeviceStore(const char* command, bool object_model) {
-  if (!device::EnsureRoot() || !cedb::EnsureDeviceVolume()) {
+ private:
+  CEGUID volume_{};
+  bool held_;
+};
+
+bool OpenDeviceStoreHeld(const char* command) {
+  const HeldVolume volume;
+  if (!cedb::EnsureDeviceVolume()) {
     std::fprintf(stderr, "velmo %s: %s\n", command, cedb::LastFailure().c_str());
     return false;
   }
@@ -34,6 +49,17 @@ bool OpenDeviceStore(const char* command, bool object_model) {
                  ToUtf8(Store().tasks_name).c_str(), cedb::LastFailure().c_str());
     return false;
   }
+  return true;
+}
+
+}  // namespace
+
+bool OpenDeviceStore(const char* command, bool object_model) {
+  if (!device::EnsureRoot()) {
+    std::fprintf(stderr, "velmo %s: %s\n", command, cedb::LastFailure().c_str());
+    return false;
+  }
+  if (!OpenDeviceStoreHeld(command)) return false;
   if (object_model && !LogOnObjectModel(nullptr)) {
     std::fprintf(stderr, "velmo %s: the object model cannot log on\n", command);
     CloseDeviceStore();

@@ -1,6 +1,6 @@
 #include "cli/list_output.h"
 
-#include <cstdio>
+#include <charconv>
 #include <iterator>
 
 #include "list/view_rows.h"
@@ -13,58 +13,92 @@ namespace {
 
 constexpr const char* kPriorityNames[] = {"low", "normal", "high"};
 
-// "YYYY-MM-DD", with "THH:MM" when with_time; empty for no date or one out of range.
-std::string DateText(DATE date, bool with_time) {
-  SYSTEMTIME st{};
-  if (date == kNoDate || !VariantTimeToSystemTime(date, &st)) return {};
-  char text[48];
-  if (with_time) {
-    std::snprintf(text, sizeof text, "%04u-%02u-%02uT%02u:%02u", st.wYear, st.wMonth, st.wDay,
-                  st.wHour, st.wMinute);
-  } else {
-    std::snprintf(text, sizeof text, "%04u-%02u-%02u", st.wYear, st.wMonth, st.wDay);
+// Appends value as exactly `width` decimal digits (the dates' fields fit).
+void AppendDigits(unsigned value, int width, std::string* out) {
+  char digits[4];
+  for (int i = width - 1; i >= 0; --i) {
+    digits[i] = static_cast<char>('0' + value % 10);
+    value /= 10;
   }
-  return text;
+  out->append(digits, static_cast<size_t>(width));
 }
 
-std::string OneLine(const std::wstring& text) {
-  std::string utf8 = ToUtf8(text);
-  for (char& c : utf8)
+// "YYYY-MM-DD", with "THH:MM" when with_time; nothing for no date or one out of range.
+void AppendDate(DATE date, bool with_time, std::string* out) {
+  SYSTEMTIME st{};
+  if (date == kNoDate || !VariantTimeToSystemTime(date, &st)) return;
+  AppendDigits(st.wYear, 4, out);
+  out->push_back('-');
+  AppendDigits(st.wMonth, 2, out);
+  out->push_back('-');
+  AppendDigits(st.wDay, 2, out);
+  if (!with_time) return;
+  out->push_back('T');
+  AppendDigits(st.wHour, 2, out);
+  out->push_back(':');
+  AppendDigits(st.wMinute, 2, out);
+}
+
+// The text in UTF-8 with its tabs and line breaks made spaces.
+void AppendOneLine(const std::wstring& text, std::string* out) {
+  const size_t start = out->size();
+  AppendUtf8(text, out);
+  for (size_t i = start; i < out->size(); ++i) {
+    char& c = (*out)[i];
     if (c == '\t' || c == '\n' || c == '\r') c = ' ';
-  return utf8;
+  }
 }
 
-std::string PriorityName(LONG importance) {
+template <typename Number>
+void AppendNumber(Number value, std::string* out) {
+  char text[24];
+  const auto end = std::to_chars(std::begin(text), std::end(text), value).ptr;
+  out->append(text, end);
+}
+
+void AppendPriority(LONG importance, std::string* out) {
   if (importance >= 0 && importance < static_cast<LONG>(std::size(kPriorityNames)))
-    return kPriorityNames[importance];
-  return std::to_string(importance);
+    out->append(kPriorityNames[importance]);
+  else
+    AppendNumber(importance, out);
+}
+
+// TaskLine's fields, appended to out: one buffer for a whole listing.
+void AppendTaskLine(const Task& task, std::string* out) {
+  AppendNumber(task.oid, out);
+  out->push_back('\t');
+  AppendOneLine(task.subject, out);
+  out->push_back('\t');
+  AppendDate(task.start_date, false, out);
+  out->push_back('\t');
+  AppendDate(task.due_date, false, out);
+  out->push_back('\t');
+  if (task.reminder_set != 0) AppendDate(task.reminder_time, true, out);
+  out->push_back('\t');
+  AppendDate(task.date_completed, false, out);
+  out->push_back('\t');
+  AppendPriority(task.importance, out);
+  out->push_back('\t');
+  AppendOneLine(task.categories, out);
 }
 
 }  // namespace
 
 std::string TaskLine(const Task& task) {
-  const std::string fields[] = {
-      std::to_string(task.oid),
-      OneLine(task.subject),
-      DateText(task.start_date, false),
-      DateText(task.due_date, false),
-      task.reminder_set != 0 ? DateText(task.reminder_time, true) : std::string(),
-      DateText(task.date_completed, false),
-      PriorityName(task.importance),
-      OneLine(task.categories),
-  };
   std::string line;
-  for (const std::string& field : fields) {
-    if (&field != fields) line += '\t';
-    line += field;
-  }
+  AppendTaskLine(task, &line);
   return line;
 }
 
 std::string ViewListing(const TaskTable& table, DATE ref) {
   const std::vector<const Task*> rows = SortedViewRows(table, ref);
-  std::string out = OneLine(ListTitle(static_cast<int>(rows.size()))) + "\n";
-  for (const Task* task : rows) out += TaskLine(*task) + "\n";
+  std::string out;
+  AppendOneLine(ListTitle(static_cast<int>(rows.size())), &out);
+  out.push_back('\n');
+  for (const Task* task : rows) {
+    AppendTaskLine(*task, &out);
+    out.push_back('\n');
+  }
   return out;
 }
 

@@ -198,6 +198,13 @@ std::vector<BYTE> Statement::Blob(int column) const {
 sqlite3* Connection(LONG* error) {
   std::lock_guard<std::mutex> guard(Lock());
   OpenFile& file = Current();
+  // While a transaction is open (a read batch, a write) the file in use stays
+  // in use: the settings load asks for the connection a hundred times in one
+  // batch, and the check below (a path and a stat each time) waits for its end.
+  if (file.db && !sqlite3_get_autocommit(file.db)) {
+    *error = ERROR_SUCCESS;
+    return file.db;
+  }
   const std::string path = FilePath();
   struct stat info = {};
   if (file.db && file.path == path && stat(path.c_str(), &info) == 0 && info.st_ino == file.inode) {

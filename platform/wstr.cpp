@@ -1,6 +1,7 @@
 #include "platform/wstr.h"
 
 #include <unicode/unistr.h>
+#include <unicode/utf8.h>
 #include <unicode/ustring.h>
 
 #include <vector>
@@ -25,9 +26,25 @@ std::wstring ToWide(const icu::UnicodeString& text) {
 }
 }  // namespace
 
+void AppendUtf8(std::wstring_view text, std::string* out) {
+  out->reserve(out->size() + text.size());
+  for (wchar_t wide : text) {
+    auto c = static_cast<UChar32>(wide);
+    if (c >= 0 && c < 0x80) {
+      out->push_back(static_cast<char>(c));
+      continue;
+    }
+    if (c < 0 || c > 0x10FFFF || U_IS_SURROGATE(c)) c = 0xFFFD;
+    char bytes[U8_MAX_LENGTH];
+    int32_t length = 0;
+    U8_APPEND_UNSAFE(bytes, length, c);
+    out->append(bytes, static_cast<size_t>(length));
+  }
+}
+
 std::string ToUtf8(std::wstring_view text) {
   std::string out;
-  FromWide(text).toUTF8String(out);
+  AppendUtf8(text, &out);
   return out;
 }
 

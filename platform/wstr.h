@@ -9,6 +9,8 @@ namespace velmo {
 
 // Invalid input never fails: ill-formed sequences become U+FFFD.
 std::string ToUtf8(std::wstring_view text);
+// ToUtf8(text) added to the end of out.
+void AppendUtf8(std::wstring_view text, std::string* out);
 std::wstring FromUtf8(std::string_view text);
 
 std::u16string ToUtf16(std::wstring_view text);

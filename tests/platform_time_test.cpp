@@ -59,7 +59,18 @@ TEST(WideStrings, RoundTripAndInvalidInput) {
   EXPECT_EQ(FromUtf8(ToUtf8(text)), text);
   EXPECT_EQ(FromUtf16(ToUtf16(text)), text);
   EXPECT_EQ(FromUtf8("\xff\xfe" "a"), L"\uFFFD\uFFFDa");
-  EXPECT_EQ(ToUtf8(std::wstring(1, static_cast<wchar_t>(0xD800))), "\xEF\xBF\xBD");
+  // Values no UTF-8 can hold become U+FFFD; a noncharacter is still a character.
+  const struct { wchar_t wide; std::string utf8; } kCases[] = {
+      {static_cast<wchar_t>(0xD800), "\xEF\xBF\xBD"}, {static_cast<wchar_t>(0xDFFF), "\xEF\xBF\xBD"},
+      {static_cast<wchar_t>(0x110000), "\xEF\xBF\xBD"}, {static_cast<wchar_t>(-1), "\xEF\xBF\xBD"},
+      {static_cast<wchar_t>(0xFFFE), "\xEF\xBF\xBE"}, {static_cast<wchar_t>(0x10FFFF), "\xF4\x8F\xBF\xBF"},
+      {static_cast<wchar_t>(0x7FF), "\xDF\xBF"}, {L'\0', std::string(1, '\0')},
+  };
+  for (const auto& c : kCases)
+    EXPECT_EQ(ToUtf8(std::wstring(1, c.wide)), c.utf8) << static_cast<long>(c.wide);
+  std::string appended = "a";
+  AppendUtf8(L"\u00e9b", &appended);
+  EXPECT_EQ(appended, "a\xC3\xA9" "b");
 }
 
 TEST(StringTable, FormatsInsertsAndLoadsByNumber) {
