@@ -3,6 +3,8 @@
 // default filter, "ReminderDelta"); the options replace the filter, the moment
 // the views judge by and the search text. Nothing is written.
 #include <cstdio>
+#include <utility>
+#include <vector>
 
 #include "categories/category_state.h"
 #include "cli/device_store.h"
@@ -51,6 +53,14 @@ TaskTable ReadTable() {
   return table;
 }
 
+// The tasks of a listing are left for the end of the process, which takes back
+// their memory at once: freeing 2,550 tasks one by one costs more than writing
+// the view. They stay reachable, so a leak checker counts them as in use.
+void KeepUntilExit(TaskTable table) {
+  static auto* const kept = new std::vector<TaskTable>;
+  kept->push_back(std::move(table));
+}
+
 }  // namespace
 
 int RunListView(int argc, char** argv) {
@@ -62,9 +72,10 @@ int RunListView(int argc, char** argv) {
   }
   if (!OpenDeviceStore("list", false)) return 1;
   ChooseView(args);
-  const TaskTable table = ReadTable();
+  TaskTable table = ReadTable();
   CloseDeviceStore();
   const std::string text = ViewListing(table, args.at);
+  KeepUntilExit(std::move(table));
   std::fwrite(text.data(), 1, text.size(), stdout);
   return std::fflush(stdout) == 0 ? 0 : 1;
 }

@@ -29,16 +29,20 @@ bool ReadBinary(HKEY key, const wchar_t* name, DWORD size, std::vector<BYTE>* ou
 }
 
 bool ReadText(HKEY key, const wchar_t* name, DWORD type, std::wstring* out) {
+  // Most texts fit the first buffer and take one query; a longer one is read
+  // again into a buffer of the size the first query reported.
+  constexpr size_t kFirstBufferChars = 128;
+  std::wstring buffer(kFirstBufferChars, L'\0');
   DWORD stored_type = REG_NONE;
   DWORD size = 0;
-  if (RegQueryValueExW(key, name, nullptr, &stored_type, nullptr, &size) != ERROR_SUCCESS ||
-      stored_type != type)
-    return false;
-  std::wstring buffer(size / sizeof(wchar_t), L'\0');
-  if (RegQueryValueExW(key, name, nullptr, &stored_type, reinterpret_cast<BYTE*>(buffer.data()),
-                       &size) != ERROR_SUCCESS ||
-      stored_type != type)
-    return false;
+  LONG result = ERROR_MORE_DATA;
+  for (int attempt = 0; attempt < 2 && result == ERROR_MORE_DATA; ++attempt) {
+    if (attempt > 0) buffer.assign((size + sizeof(wchar_t) - 1) / sizeof(wchar_t), L'\0');
+    size = static_cast<DWORD>(buffer.size() * sizeof(wchar_t));
+    result = RegQueryValueExW(key, name, nullptr, &stored_type,
+                              reinterpret_cast<BYTE*>(buffer.data()), &size);
+  }
+  if (result != ERROR_SUCCESS || stored_type != type) return false;
   buffer.resize(std::min<size_t>(buffer.size(), size / sizeof(wchar_t)));
   *out = buffer.substr(0, buffer.find(L'\0'));
   return true;

@@ -103,6 +103,22 @@ TEST_F(SettingsTest, EveryKindOfValueSurvivesSaveAndLoad) {
   EXPECT_EQ(30u, loaded.n_days);
 }
 
+TEST_F(SettingsTest, TextsOfEveryLengthAreReadWhole) {
+  SaveFirstStart();
+  // Around the size a text is first read with, and far beyond it.
+  const std::wstring texts[] = {L"", std::wstring(127, L'a'), std::wstring(128, L'b'),
+                                std::wstring(129, L'c'), std::wstring(1000, L'\u00e9') + L"\U0001F600"};
+  for (const std::wstring& text : texts) {
+    SCOPED_TRACE(text.size());
+    SetText(L"FilterCategories", REG_SZ, text);
+    SetText(L"NTxt1", REG_MULTI_SZ, text + L"!");
+    Settings s;
+    EXPECT_EQ(0, LoadSettings(s));
+    EXPECT_EQ(text, s.filter_categories);
+    EXPECT_EQ(text + L"!", s.long_txt[0]);
+  }
+}
+
 TEST_F(SettingsTest, SelectedViewIsStoredAsAnOffsetFromAllTasks) {
   SaveFirstStart();
   SetDword(L"SelectedView", 4);
