@@ -5,6 +5,10 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using velmo::fuzz::Require;
+  const auto notes = velmo::fuzz::StoredNotesFromBytes(data, size);
+  velmo::EmailAddress in_bytes, in_decoded;
+  Require(velmo::FindEmail(notes.bytes.c_str(), &in_bytes) == velmo::FindEmail(notes.decoded.c_str(), &in_decoded));
+  Require(in_bytes.Text() == in_decoded.Text());
   const std::wstring text = velmo::fuzz::TextFromBytes(data, size);
   velmo::EmailAddress address;
   const bool found = velmo::FindEmail(text, &address);

@@ -8,6 +8,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using velmo::fuzz::Require;
+  const auto notes = velmo::fuzz::StoredNotesFromBytes(data, size);
+  Require(velmo::FindPhoneNumber(notes.bytes.c_str()) == velmo::FindPhoneNumber(notes.decoded.c_str()));
   const std::wstring text = velmo::fuzz::TextFromBytes(data, size);
   const std::wstring number = velmo::FindPhoneNumber(text);
   if (number.empty()) return 0;

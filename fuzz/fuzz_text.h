@@ -10,6 +10,8 @@
 #include <cstring>
 #include <string>
 
+#include "platform/ansi_codepage.h"
+
 namespace velmo::fuzz {
 
 inline std::wstring TextFromBytes(const std::uint8_t* data, std::size_t size) {
@@ -25,6 +27,18 @@ inline std::wstring TextFromBytes(const std::uint8_t* data, std::size_t size) {
     std::memcpy(text.data(), data, text.size() * sizeof(wchar_t));
   }
   return text;
+}
+
+// The same bytes as stored notes (Windows-1252, read in place), and decoded:
+// the scanners must answer the same for both.
+struct StoredNotes {
+  std::string bytes;
+  std::wstring decoded;
+};
+inline StoredNotes StoredNotesFromBytes(const std::uint8_t* data, std::size_t size) {
+  StoredNotes notes{std::string(reinterpret_cast<const char*>(data), size), {}};
+  notes.decoded = FromWindows1252(notes.bytes);
+  return notes;
 }
 
 // The scanners' contracts, checked on every input.

@@ -6,6 +6,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using velmo::fuzz::Require;
+  const auto notes = velmo::fuzz::StoredNotesFromBytes(data, size);
+  std::wstring in_bytes, in_decoded;
+  Require(velmo::FindWebAddress(notes.bytes.c_str(), &in_bytes) ==
+          velmo::FindWebAddress(notes.decoded.c_str(), &in_decoded));
+  Require(in_bytes == in_decoded);
   const std::wstring text = velmo::fuzz::TextFromBytes(data, size);
   std::wstring address;
   const bool found = velmo::FindWebAddress(text, &address);

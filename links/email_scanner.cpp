@@ -5,9 +5,9 @@
 // before the "@"; and the domain read after the "@" is the same from any start.
 // Each "@" is therefore tried once, which keeps the scan linear.
 #include <algorithm>
-#include <cwchar>
 #include <string_view>
 
+#include "links/scan_text.h"
 #include "links/scanners.h"
 #include "links/text_classes.h"
 
@@ -21,32 +21,42 @@ constexpr size_t kMaxLocalPart = 100;
 constexpr size_t kMaxDomain = 255;
 constexpr size_t kMinDomain = 3;
 
-bool IsDomainChar(wchar_t c) { return IsAsciiLetter(c) || IsAsciiDigit(c) || c == L'.' || c == L'-'; }
-bool IsLocalPartChar(wchar_t c) { return IsDomainChar(c) || c == L'_'; }
+template <typename Char>
+bool IsDomainChar(Char c) {
+  return IsAsciiLetter(c) || IsAsciiDigit(c) || c == '.' || c == '-';
+}
+template <typename Char>
+bool IsLocalPartChar(Char c) {
+  return IsDomainChar(c) || c == '_';
+}
 
-}  // namespace
-
-bool FindEmail(const wchar_t* text, EmailAddress* found) {
+template <typename Char>
+bool FindEmailIn(const Char* text, EmailAddress* found) {
   if (!text) return false;
-  for (const wchar_t* at = std::wcschr(text, L'@'); at; at = std::wcschr(at + 1, L'@')) {
-    const wchar_t* earliest = at - std::min<size_t>(static_cast<size_t>(at - text), kMaxLocalPart);
-    const wchar_t* local = at;
+  for (const Char* at = links::FindChar(text, Char('@')); at; at = links::FindChar(at + 1, Char('@'))) {
+    const Char* earliest = at - std::min<size_t>(static_cast<size_t>(at - text), kMaxLocalPart);
+    const Char* local = at;
     while (local > earliest && IsLocalPartChar(local[-1])) --local;
     if (local == at) continue;
 
-    const wchar_t* domain = at + 1;
+    const Char* domain = at + 1;
     size_t length = 0;
     while (length < kMaxDomain && IsDomainChar(domain[length])) ++length;
-    const std::wstring_view host(domain, length);
-    if (length < kMinDomain || host.find(L'.') == std::wstring_view::npos) continue;
+    const std::basic_string_view<Char> host(domain, length);
+    if (length < kMinDomain || host.find(Char('.')) == host.npos) continue;
 
     if (found) {
-      found->local_part.assign(local, at);
-      found->domain.assign(host);
+      found->local_part = links::Widen(std::basic_string_view<Char>(local, static_cast<size_t>(at - local)));
+      found->domain = links::Widen(host);
     }
     return true;
   }
   return false;
 }
+
+}  // namespace
+
+bool FindEmail(const wchar_t* text, EmailAddress* found) { return FindEmailIn(text, found); }
+bool FindEmail(const char* ansi_text, EmailAddress* found) { return FindEmailIn(ansi_text, found); }
 
 }  // namespace velmo

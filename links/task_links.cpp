@@ -4,9 +4,9 @@
 
 namespace velmo {
 
-void FillTaskLinks(Task& task, const std::wstring* notes) {
+void FillTaskLinks(Task& task, const char* ansi_notes) {
   const wchar_t* subject = task.subject.c_str();
-  const wchar_t* body = notes ? notes->c_str() : L"";
+  const char* body = ansi_notes ? ansi_notes : "";
   task.phone_number = FindPhoneNumber(subject);
   if (task.phone_number.empty()) task.phone_number = FindPhoneNumber(body);
   const bool web = FindWebAddress(body, nullptr) || FindWebAddress(subject, nullptr);

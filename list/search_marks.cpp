@@ -8,6 +8,7 @@
 
 #include "list/list_state.h"
 #include "list/view_ids.h"
+#include "platform/ansi_codepage.h"
 #include "store/task.h"
 
 namespace velmo {
@@ -38,9 +39,9 @@ DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Sett
   return marks;
 }
 
-DWORD RecordSearchMarks(std::wstring_view subject, std::wstring_view notes) {
+DWORD RecordSearchMarks(std::wstring_view subject, std::string_view ansi_notes) {
   if (CurrentView() != kViewSearch) return 0;
-  return SearchMarks(subject, notes, CurrentSettings());
+  return SearchMarks(subject, FromWindows1252(ansi_notes), CurrentSettings());
 }
 
 }  // namespace velmo

@@ -86,6 +86,8 @@ void DecodeWindows1252(std::string_view bytes, wchar_t* out) {
   for (; i < length; ++i) out[i] = in[i] < 0x80 ? in[i] : lookup(in[i]);
 }
 
+wchar_t Windows1252Char(unsigned char byte) { return byte < 0x80 ? byte : Page().to_wide[byte]; }
+
 std::wstring FromWindows1252(std::string_view bytes) {
   std::wstring out(bytes.size(), L'\0');
   DecodeWindows1252(bytes, out.data());

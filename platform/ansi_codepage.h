@@ -13,5 +13,7 @@ std::string ToWindows1252(std::wstring_view text);
 std::wstring FromWindows1252(std::string_view bytes);
 // The same into out, which has room for bytes.size() characters (one per byte).
 void DecodeWindows1252(std::string_view bytes, wchar_t* out);
+// The character one byte stands for.
+wchar_t Windows1252Char(unsigned char byte);
 
 }  // namespace velmo

@@ -255,7 +255,9 @@ CEOID CeSeekDatabase(HANDLE db, DWORD seek_type, DWORD value, DWORD* index);
 // Reads the record at the position: every property when ids is null (*count
 // receives how many), else the *count properties of ids in that order, a missing
 // one coming back with wFlags CEDB_PROPNOTFOUND. *buffer receives an array of
-// CEPROPVAL followed by the strings and blobs they point into. With
+// CEPROPVAL followed by the strings and blobs they point into; each blob's bytes
+// are followed by a zero byte that dwCount does not count, so a blob of stored
+// text can be read in place as a C string. With
 // CEDB_ALLOWREALLOC a null or too small *buffer is (re)allocated with
 // LocalReAlloc and *buffer_size updated; without it a too small buffer fails with
 // ERROR_INSUFFICIENT_BUFFER and *buffer_size = the size needed. Returns the

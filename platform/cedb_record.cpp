@@ -129,8 +129,8 @@ size_t DataSize(const StoredProp& prop) {
   switch (TypeFromPropID(prop.propid)) {
     case CEVT_LPWSTR:  // room for one character per unit and the terminator
       return AlignUp((prop.size / 2 + 1) * sizeof(wchar_t));
-    case CEVT_BLOB:
-      return AlignUp(prop.size);
+    case CEVT_BLOB:  // and a zero byte after it
+      return AlignUp(prop.size + 1);
     default:
       return 0;
   }
@@ -150,8 +150,9 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
     }
     case CEVT_BLOB:
       if (prop.size) std::memcpy(*cursor, prop.data, prop.size);
+      (*cursor)[prop.size] = 0;
       out->val.blob = CEBLOB{prop.size, *cursor};
-      *cursor += AlignUp(prop.size);
+      *cursor += DataSize(prop);
       break;
     case CEVT_FILETIME:
       std::memcpy(&out->val.filetime, prop.data, 8);

@@ -1,9 +1,6 @@
 #include "store/notes_text.h"
 
-#include "platform/ansi_codepage.h"
-
 #include <cstring>
-#include <string_view>
 
 namespace velmo {
 namespace {
@@ -19,20 +16,19 @@ bool StandsForNoNotes(const BYTE* bytes, DWORD size) {
 
 }  // namespace
 
-bool DecodeNotes(const BYTE* bytes, DWORD size, std::wstring* text) {
-  text->clear();
+bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* text) {
+  *text = {};
   if (!bytes || StandsForNoNotes(bytes, size)) return false;
   const void* zero = std::memchr(bytes, 0, size);
   const size_t length = zero ? static_cast<size_t>(static_cast<const BYTE*>(zero) - bytes) : size;
-  text->resize(length);
-  DecodeWindows1252(std::string_view(reinterpret_cast<const char*>(bytes), length), text->data());
+  *text = std::string_view(reinterpret_cast<const char*>(bytes), length);
   return true;
 }
 
-WORD NotesStateOf(const std::wstring& text) {
-  if (text.size() > kLongNotesChars && text.back() == L']') return kLongNotesEndingInBracket;
-  const bool any = text.find_first_not_of(L"\r\n") != std::wstring::npos;
-  return any ? kHasNotes : kNoNotes;
+WORD NotesStateOf(std::string_view text) {
+  // Windows-1252 has one character per byte, and CR, LF and "]" are their ASCII bytes.
+  if (text.size() > kLongNotesChars && text.back() == ']') return kLongNotesEndingInBracket;
+  return text.find_first_not_of("\r\n") != std::string_view::npos ? kHasNotes : kNoNotes;
 }
 
 }  // namespace velmo

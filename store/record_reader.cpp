@@ -25,10 +25,11 @@ DATE DateOf(const FILETIME& ft) {
 
 const wchar_t* TextOf(const CEPROPVAL& p) { return p.val.lpwstr ? p.val.lpwstr : L""; }
 
-// What the walk over the properties found besides the fields.
+// What the walk over the properties found besides the fields: the notes as
+// stored, read in place in the read buffer.
 struct Notes {
   bool present = false;
-  std::wstring text;
+  std::string_view text;
 };
 
 void ApplyProperty(const CEPROPVAL& p, Task* t, Notes* notes) {
@@ -51,7 +52,7 @@ void ApplyProperty(const CEPROPVAL& p, Task* t, Notes* notes) {
     case kPropReminderOptions: t->reminder_options = p.val.lVal; break;
     case kPropNotificationHandle: t->notification_handle = p.val.ulVal; break;
     case kPropNotes:
-      notes->present = DecodeNotes(p.val.blob.lpb, p.val.blob.dwCount, &notes->text);
+      notes->present = NotesOf(p.val.blob.lpb, p.val.blob.dwCount, &notes->text);
       if (notes->present) t->notes_state = NotesStateOf(notes->text);
       break;
     default: break;  // another property, or a known one of an unexpected type
@@ -74,15 +75,14 @@ BOOL ReadTaskRecord(Task* task, CEOID oid) {
   if (read == 0 || (oid != 0 && read != oid)) return fail();
 
   task->oid = read;
-  // The notes live only while the record is read; their room is kept for the next.
-  static Notes notes;
-  notes.present = false;
-  notes.text.clear();
+  Notes notes;
   const auto* props = reinterpret_cast<const CEPROPVAL*>(store.read_buffer);
   for (WORD i = 0; i < count; ++i) ApplyProperty(props[i], task, &notes);
 
   task->reminder_time = ReminderTimeOf(*task);
-  FillTaskLinks(*task, notes.present ? &notes.text : nullptr);
+  // The read buffer holds a zero byte after each blob, so the notes end in one
+  // even when no zero byte is stored.
+  FillTaskLinks(*task, notes.present ? notes.text.data() : nullptr);
   task->search_match = RecordSearchMarks(task->subject, notes.text);
   if (!notes.present) task->search_match &= ~kSearchMatchNotes;
   if (oid != 0) FreeReadBuffer();

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "links/scanners.h"
+#include "tests/links/ansi_text.h"
 
 namespace velmo {
 namespace {
@@ -16,6 +17,11 @@ std::wstring EmailIn(const std::wstring& text) {
   EmailAddress address;
   const bool found = FindEmail(text, &address);
   EXPECT_EQ(found, FindEmail(text, nullptr)) << "the test-only use must agree";
+  if (const auto ansi = testing_links::AnsiForm(text)) {
+    EmailAddress from_bytes;
+    EXPECT_EQ(FindEmail(ansi->c_str(), &from_bytes), found);
+    EXPECT_EQ(from_bytes.Text(), address.Text()) << "the stored bytes must agree";
+  }
   return found ? address.Text() : L"";
 }
 
@@ -23,6 +29,11 @@ std::wstring WebAddressIn(const std::wstring& text) {
   std::wstring address;
   const bool found = FindWebAddress(text, &address);
   EXPECT_EQ(found, FindWebAddress(text, nullptr)) << "the test-only use must agree";
+  if (const auto ansi = testing_links::AnsiForm(text)) {
+    std::wstring from_bytes;
+    EXPECT_EQ(FindWebAddress(ansi->c_str(), &from_bytes), found);
+    EXPECT_EQ(from_bytes, address) << "the stored bytes must agree";
+  }
   return found ? address : L"";
 }
 
@@ -72,6 +83,7 @@ TEST(FindWebAddress, Table) {
       {L"www.abcdef", L""},
       {L"www.ab www.example.com", L""},  // only the first "www." counts
       {L"www.a.b", L"www.a.b"},
+      {L"read http://example.com/na\u00efve\u00a0page, then", L"http://example.com/na\u00efve\u00a0page,"},
       {L"http://" + std::wstring(600, L'x'), L"http://" + std::wstring(504, L'x')},
       {L"", L""},
   };

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "links/scanners.h"
+#include "tests/links/ansi_text.h"
 
 namespace velmo {
 namespace {
@@ -13,8 +14,12 @@ struct PhoneCase {
 };
 
 void ExpectNumbers(const PhoneCase* begin, const PhoneCase* end) {
-  for (const PhoneCase* c = begin; c != end; ++c)
+  for (const PhoneCase* c = begin; c != end; ++c) {
     EXPECT_EQ(FindPhoneNumber(c->text), c->number) << "text: " << testing::PrintToString(std::wstring(c->text));
+    if (const auto ansi = testing_links::AnsiForm(c->text)) {
+      EXPECT_EQ(FindPhoneNumber(ansi->c_str()), c->number) << "bytes of: " << testing::PrintToString(std::wstring(c->text));
+    }
+  }
 }
 
 TEST(FindPhoneNumber, RealLookingText) {
@@ -74,6 +79,7 @@ TEST(FindPhoneNumber, EachRejectionStep) {
       {L"[1234567]", L"1234567"},
       {L"\"1234567\"", L"1234567"},
       {L"<1234567>", L"1234567"},
+      {L"\u201c1234567\u201d", L""},  // curly quotes are punctuation, not a pair
       {L"#123 4567#", L"123 4567"},
       // Times of day beside a ":" with a digit beyond it.
       {L"10:12.30 45 678", L""},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/ansi_codepage.h"
+
 namespace velmo {
 namespace {
 
@@ -27,8 +29,8 @@ TEST(FillTaskLinks, SubjectNumberFirstAddressesFromEither) {
     task.subject = c.subject;
     task.phone_number = L"stale";
     task.web_link_count = task.mail_link_count = 7;
-    const std::wstring notes = c.notes ? c.notes : L"";
-    FillTaskLinks(task, c.notes ? &notes : nullptr);
+    const std::string notes = ToWindows1252(c.notes ? c.notes : L"");
+    FillTaskLinks(task, c.notes ? notes.c_str() : nullptr);
     EXPECT_EQ(task.phone_number, c.phone) << testing::PrintToString(std::wstring(c.subject));
     EXPECT_EQ(task.web_link_count, c.web) << testing::PrintToString(std::wstring(c.subject));
     EXPECT_EQ(task.mail_link_count, c.mail) << testing::PrintToString(std::wstring(c.subject));

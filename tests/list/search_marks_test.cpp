@@ -44,14 +44,14 @@ TEST_F(SearchMarksTest, MarksBySwitchesAndOnlyInTheSearchView) {
   };
   for (const Case& c : cases) {
     ApplySearch({L"call", c.subjects, c.notes, false});
-    EXPECT_EQ(c.marks, RecordSearchMarks(L"Call Anna", L"remember to CALL")) << c.subjects;
-    EXPECT_EQ(c.marks & kSearchMatchNotes, RecordSearchMarks(L"Anna", L"call her"));
+    EXPECT_EQ(c.marks, RecordSearchMarks(L"Call Anna", "remember to CALL")) << c.subjects;
+    EXPECT_EQ(c.marks & kSearchMatchNotes, RecordSearchMarks(L"Anna", "call her"));
   }
   ApplySearch({L"call", true, true, true});
-  EXPECT_EQ(kSearchMatchNotes, RecordSearchMarks(L"Call Anna", L"recall"));
+  EXPECT_EQ(kSearchMatchNotes, RecordSearchMarks(L"Call Anna", "recall"));
 
   SetView(kViewAllTasks);
-  EXPECT_EQ(0u, RecordSearchMarks(L"call", L"call"));
+  EXPECT_EQ(0u, RecordSearchMarks(L"call", "call"));
   EXPECT_EQ(kSearchMatchNotes | kSearchMatchSubject,
             SearchMarks(L"call", L"call", CurrentSettings()));
 }

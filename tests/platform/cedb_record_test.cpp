@@ -73,6 +73,7 @@ void ExpectSameValue(const TypeCase& c, const CEPROPVAL& got) {
       if (want.blob.dwCount) {
         EXPECT_EQ(std::memcmp(got.val.blob.lpb, want.blob.lpb, want.blob.dwCount), 0);
       }
+      EXPECT_EQ(got.val.blob.lpb[want.blob.dwCount], 0) << "a zero byte follows the blob";
       break;
     default: ADD_FAILURE() << "unexpected type";
   }
@@ -177,6 +178,7 @@ TEST_F(RecordTest, AOneMegabyteBlobRoundTrips) {
   ASSERT_EQ(props.size(), 3u);
   ASSERT_EQ(props[1].val.blob.dwCount, blob.size());
   EXPECT_EQ(std::memcmp(props[1].val.blob.lpb, blob.data(), blob.size()), 0);
+  EXPECT_EQ(props[1].val.blob.lpb[blob.size()], 0);
   EXPECT_EQ(props[2].val.iVal, 3);
   EXPECT_EQ(Info().dwSize, blob.size() + 2 * 6 + 2 + 3 * 8);
 }

@@ -75,10 +75,17 @@ TEST_F(RecordReaderTest, NotesState) {
   }
 }
 
-TEST_F(RecordReaderTest, NotesAreWindows1252) {
-  std::wstring text;
-  ASSERT_TRUE(DecodeNotes(reinterpret_cast<const BYTE*>("\x80 5, na\xefve \x93q\x94\0tail"), 19, &text));
-  EXPECT_EQ(text, L"\u20AC 5, na\u00EFve \u201Cq\u201D");
+TEST_F(RecordReaderTest, NotesAreWindows1252UpToTheirFirstZeroByte) {
+  const char kNotes[] = "\x80 5, na\xefve \x93q\x94, call 030 1234567\0 or 0171 2345678";
+  const std::string notes(kNotes, sizeof kNotes - 1);
+  const CEOID oid = AddRecord(Props().Text(kPropSubject, L"s").Blob(kPropNotes, notes));
+  EXPECT_EQ(Read(oid).phone_number, L"030 1234567");
+  CurrentSettings().search = L"NA\u00CFVE \u201CQ";
+  SetView(kViewSearch);
+  EXPECT_EQ(Read(oid).search_match, kSearchMatchNotes);
+  CurrentSettings().search = L"0171";
+  EXPECT_EQ(Read(oid).search_match, 0u) << "nothing after the zero byte is notes";
+  SetView(kViewAllTasks);
 }
 
 TEST_F(RecordReaderTest, MegabyteNotesLoadWithTheirLinks) {
