@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 
 #include "categories/category_names.h"
 #include "categories/category_state.h"
@@ -39,8 +41,12 @@ void MarkCategoryUse(const TaskTable& tasks) {
   CategoryList& catalogue = CategoryCatalogue();
   for (CategoryEntry& e : catalogue.entries)
     e.marks &= static_cast<WORD>(~(InLoadedTasks | InFilter));
+  // Tasks share a few category texts, and marking is the same each time, so
+  // each distinct text is parsed once.
+  std::unordered_set<std::wstring_view> parsed;
   for (const auto& task : tasks)
-    if (task && task->oid != 0) ParseCategories(catalogue, task->categories, InLoadedTasks, false);
+    if (task && task->oid != 0 && parsed.insert(task->categories).second)
+      ParseCategories(catalogue, task->categories, InLoadedTasks, false);
   for (const CategoryEntry& e : CategoryFilterList().entries)
     AddCategory(catalogue, e.name, InFilter, kAddCategoryMerge);
 }

@@ -29,16 +29,17 @@ constexpr int kMinYear = 1900;
 constexpr int kMaxYear = 2100;
 
 constexpr char kStartChars[] = "(+0123456789";
-constexpr std::string_view kDialNonDigits = ".+() wp-";
 
+// Written out rather than looked up in the sets above: these run on every character.
 template <typename Char>
 bool IsStartChar(Char c) {
-  return IsOneOf(c, kStartChars);
+  return IsAsciiDigit(c) || c == '(' || c == '+';
 }
 
 template <typename Char>
 bool IsDialChar(Char c) {
-  return IsAsciiDigit(c) || IsOneOf(c, kDialNonDigits);
+  return IsAsciiDigit(c) || c == ' ' || c == '-' || c == '.' || c == '(' || c == ')' || c == '+' ||
+         c == 'w' || c == 'p';
 }
 
 // The next character at or after pos that can start a number, or the end.

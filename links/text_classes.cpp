@@ -16,10 +16,7 @@ bool IsAscii(wchar_t c) { return static_cast<std::uint32_t>(c) < 0x80; }
 
 }  // namespace
 
-bool IsLetterOrDigit(wchar_t c) {
-  if (IsAscii(c)) return IsAsciiDigit(c) || IsAsciiLetter(c);
-  return IsCodePoint(c) && u_isalnum(static_cast<UChar32>(c));
-}
+bool IsNonAsciiLetterOrDigit(wchar_t c) { return IsCodePoint(c) && u_isalnum(static_cast<UChar32>(c)); }
 
 bool IsPunctuation(wchar_t c) {
   if (IsAscii(c)) return c > L' ' && c < 0x7F && !IsAsciiDigit(c) && !IsAsciiLetter(c);

@@ -12,7 +12,10 @@ constexpr bool IsAsciiLetter(wchar_t c) {
 }
 
 // Any letter or decimal digit of any script.
-bool IsLetterOrDigit(wchar_t c);
+bool IsNonAsciiLetterOrDigit(wchar_t c);
+inline bool IsLetterOrDigit(wchar_t c) {
+  return static_cast<unsigned>(c) < 0x80 ? IsAsciiDigit(c) || IsAsciiLetter(c) : IsNonAsciiLetterOrDigit(c);
+}
 // ASCII punctuation and symbols, and Unicode punctuation and symbols.
 bool IsPunctuation(wchar_t c);
 // The blanks that end a "%s" read: ASCII white space and Unicode spaces other

@@ -41,7 +41,8 @@ DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Sett
 
 DWORD RecordSearchMarks(std::wstring_view subject, std::string_view ansi_notes) {
   if (CurrentView() != kViewSearch) return 0;
-  return SearchMarks(subject, FromWindows1252(ansi_notes), CurrentSettings());
+  const size_t end = ansi_notes.find('\0');
+  return SearchMarks(subject, FromWindows1252(ansi_notes.substr(0, end)), CurrentSettings());
 }
 
 }  // namespace velmo

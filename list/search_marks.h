@@ -18,8 +18,9 @@ bool ContainsSearchText(std::wstring_view field, std::wstring_view text, bool ca
 DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Settings& s);
 
 // The marks a record gets as it is read: 0 unless the Search view is current.
-// ansi_notes is the notes as stored, in the device's ANSI code page
-// (Windows-1252); they are decoded only for a search.
+// ansi_notes is the notes blob as stored, in the device's ANSI code page
+// (Windows-1252), whose text ends at its first zero byte; it is decoded only for
+// a search.
 DWORD RecordSearchMarks(std::wstring_view subject, std::string_view ansi_notes);
 
 }  // namespace velmo

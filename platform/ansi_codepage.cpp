@@ -86,7 +86,7 @@ void DecodeWindows1252(std::string_view bytes, wchar_t* out) {
   for (; i < length; ++i) out[i] = in[i] < 0x80 ? in[i] : lookup(in[i]);
 }
 
-wchar_t Windows1252Char(unsigned char byte) { return byte < 0x80 ? byte : Page().to_wide[byte]; }
+wchar_t Windows1252HighChar(unsigned char byte) { return Page().to_wide[byte]; }
 
 std::wstring FromWindows1252(std::string_view bytes) {
   std::wstring out(bytes.size(), L'\0');

@@ -14,6 +14,7 @@ std::wstring FromWindows1252(std::string_view bytes);
 // The same into out, which has room for bytes.size() characters (one per byte).
 void DecodeWindows1252(std::string_view bytes, wchar_t* out);
 // The character one byte stands for.
-wchar_t Windows1252Char(unsigned char byte);
+wchar_t Windows1252HighChar(unsigned char byte);  // bytes from 0x80 on
+inline wchar_t Windows1252Char(unsigned char byte) { return byte < 0x80 ? byte : Windows1252HighChar(byte); }
 
 }  // namespace velmo

@@ -236,27 +236,43 @@ void SelectProps(const std::vector<StoredProp>& stored, const CEPROPID* ids, WOR
   }
 }
 
-size_t ReadBufferSize(const std::vector<const StoredProp*>& selected) {
-  size_t size = AlignUp(selected.size() * sizeof(CEPROPVAL));
-  for (const StoredProp* prop : selected)
-    if (prop) size += DataSize(*prop);
+namespace {
+
+const StoredProp* Selected(const StoredProp* prop) { return prop; }
+const StoredProp* Selected(const StoredProp& prop) { return &prop; }
+
+template <typename Props>
+size_t BufferSizeFor(const Props& props) {
+  size_t size = AlignUp(props.size() * sizeof(CEPROPVAL));
+  for (const auto& entry : props)
+    if (const StoredProp* prop = Selected(entry)) size += DataSize(*prop);
   return size;
 }
 
-void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids,
-                    BYTE* buffer) {
+template <typename Props>
+void Fill(const Props& props, const CEPROPID* ids, BYTE* buffer) {
   auto* values = reinterpret_cast<CEPROPVAL*>(buffer);
-  BYTE* cursor = buffer + AlignUp(selected.size() * sizeof(CEPROPVAL));
-  for (size_t i = 0; i < selected.size(); ++i) {
+  BYTE* cursor = buffer + AlignUp(props.size() * sizeof(CEPROPVAL));
+  for (size_t i = 0; i < props.size(); ++i) {
     CEPROPVAL& value = values[i];
     std::memset(&value, 0, sizeof value);
-    if (selected[i]) {
-      FillValue(*selected[i], &value, &cursor);
+    if (const StoredProp* prop = Selected(props[i])) {
+      FillValue(*prop, &value, &cursor);
     } else {
       value.propid = ids[i];
       value.wFlags = CEDB_PROPNOTFOUND;
     }
   }
 }
+
+}  // namespace
+
+size_t ReadBufferSize(const std::vector<const StoredProp*>& selected) { return BufferSizeFor(selected); }
+size_t ReadBufferSize(const std::vector<StoredProp>& every) { return BufferSizeFor(every); }
+
+void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids, BYTE* buffer) {
+  Fill(selected, ids, buffer);
+}
+void FillReadBuffer(const std::vector<StoredProp>& every, BYTE* buffer) { Fill(every, nullptr, buffer); }
 
 }  // namespace velmo::cedb

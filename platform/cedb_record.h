@@ -38,12 +38,15 @@ void SelectProps(const std::vector<StoredProp>& stored, const CEPROPID* ids, WOR
                  std::vector<const StoredProp*>* out);
 
 // Bytes the read buffer needs for the selected properties (the CEPROPVAL array
-// and the data behind it).
+// and the data behind it); the overloads on StoredProp are for a read of every
+// property, which needs no selection.
 size_t ReadBufferSize(const std::vector<const StoredProp*>& selected);
+size_t ReadBufferSize(const std::vector<StoredProp>& every);
 
 // Writes the selected properties into buffer (at least ReadBufferSize bytes); a
 // null entry of `ids` order comes out flagged CEDB_PROPNOTFOUND with requested id.
 void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids,
                     BYTE* buffer);
+void FillReadBuffer(const std::vector<StoredProp>& every, BYTE* buffer);
 
 }  // namespace velmo::cedb

@@ -141,10 +141,15 @@ CEOID CeReadRecordProps(HANDLE db, DWORD flags, WORD* count, CEPROPID* ids, BYTE
     SetFailure(ERROR_INVALID_DATA, "The " + RecordName(oid) + " is damaged.");
     return 0;
   }
-  SelectProps(h->parsed, ids, ids ? *count : 0, &h->selected);
-  if (!ReadBufferFits(flags, buffer, buffer_size, ReadBufferSize(h->selected))) return 0;
-  FillReadBuffer(h->selected, ids, *buffer);
-  *count = static_cast<WORD>(h->selected.size());
+  if (ids) {
+    SelectProps(h->parsed, ids, *count, &h->selected);
+    if (!ReadBufferFits(flags, buffer, buffer_size, ReadBufferSize(h->selected))) return 0;
+    FillReadBuffer(h->selected, ids, *buffer);
+  } else {
+    if (!ReadBufferFits(flags, buffer, buffer_size, ReadBufferSize(h->parsed))) return 0;
+    FillReadBuffer(h->parsed, *buffer);
+  }
+  *count = static_cast<WORD>(ids ? h->selected.size() : h->parsed.size());
   if (advance) h->position = std::uint64_t{oid} + 1;
   return oid;
 }

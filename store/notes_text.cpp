@@ -14,21 +14,31 @@ bool StandsForNoNotes(const BYTE* bytes, DWORD size) {
   return size == 4 && std::memcmp(bytes, kCrLfZeros, 4) == 0;
 }
 
+std::string_view NotesText(std::string_view stored) {
+  const void* zero = std::memchr(stored.data(), 0, stored.size());
+  return zero ? stored.substr(0, static_cast<size_t>(static_cast<const char*>(zero) - stored.data())) : stored;
+}
+
 }  // namespace
 
-bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* text) {
-  *text = {};
+bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* stored) {
+  *stored = {};
   if (!bytes || StandsForNoNotes(bytes, size)) return false;
-  const void* zero = std::memchr(bytes, 0, size);
-  const size_t length = zero ? static_cast<size_t>(static_cast<const BYTE*>(zero) - bytes) : size;
-  *text = std::string_view(reinterpret_cast<const char*>(bytes), length);
+  *stored = std::string_view(reinterpret_cast<const char*>(bytes), size);
   return true;
 }
 
-WORD NotesStateOf(std::string_view text) {
+WORD NotesStateOf(std::string_view stored) {
   // Windows-1252 has one character per byte, and CR, LF and "]" are their ASCII bytes.
-  if (text.size() > kLongNotesChars && text.back() == ']') return kLongNotesEndingInBracket;
-  return text.find_first_not_of("\r\n") != std::string_view::npos ? kHasNotes : kNoNotes;
+  if (stored.size() > kLongNotesChars) {
+    const std::string_view text = NotesText(stored);
+    if (text.size() > kLongNotesChars && text.back() == ']') return kLongNotesEndingInBracket;
+  }
+  for (char c : stored) {
+    if (c == '\0') break;
+    if (c != '\r' && c != '\n') return kHasNotes;
+  }
+  return kNoNotes;
 }
 
 }  // namespace velmo

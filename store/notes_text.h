@@ -14,13 +14,13 @@ namespace velmo {
 constexpr size_t kLongNotesChars = 31744;
 
 // False for the blobs that stand for no notes (empty, CR LF, two or four bytes
-// ending in two zero bytes as CR LF 0 0 and 0 0); otherwise *text is the notes
-// up to the first zero byte, one character per byte (every byte value has a
-// character, so any blob loads).
-bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* text);
+// ending in two zero bytes as CR LF 0 0 and 0 0); otherwise *stored is the blob.
+bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* stored);
 
-// kLongNotesEndingInBracket, else kHasNotes when any character is not CR or LF,
-// else kNoNotes.
-WORD NotesStateOf(std::string_view text);
+// For the notes of a stored blob (its bytes up to the first zero byte, one
+// character per byte; every byte value has a character, so any blob loads): kLongNotesEndingInBracket, else kHasNotes
+// when any character is not CR or LF, else kNoNotes. Only long blobs are
+// measured; for the others the first character that is not CR or LF decides.
+WORD NotesStateOf(std::string_view stored);
 
 }  // namespace velmo

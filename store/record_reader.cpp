@@ -59,11 +59,18 @@ void ApplyProperty(const CEPROPVAL& p, Task* t, Notes* notes) {
   }
 }
 
+// A fresh record's values. Copying empty texts keeps the texts' room for the
+// record read next.
+void ResetTask(Task* task) {
+  static const Task kFresh;
+  *task = kFresh;
+}
+
 }  // namespace
 
 BOOL ReadTaskRecord(Task* task, CEOID oid) {
   StoreConnection& store = Store();
-  *task = Task{};
+  ResetTask(task);
   const auto fail = [oid] {
     if (oid != 0) FreeReadBuffer();
     return FALSE;

@@ -17,11 +17,33 @@ TaskTable& Tasks() {
   return table;
 }
 
+namespace {
+
+// The records of the last freed table, kept for the next load: reading into
+// them reuses their text buffers, so a reload allocates next to nothing.
+TaskTable& SpareTasks() {
+  static TaskTable spare;
+  return spare;
+}
+
+std::unique_ptr<Task> TakeSpareTask() {
+  TaskTable& spare = SpareTasks();
+  if (spare.empty()) return std::make_unique<Task>();
+  std::unique_ptr<Task> task = std::move(spare.back());
+  spare.pop_back();
+  return task;
+}
+
+}  // namespace
+
 BOOL ReadTask(Task* entry, CEOID oid, bool check_reminder) {
   ReadContext context;
   if (entry) context = {true, entry->reminder_time, entry->pending_reminder_time};
-  auto task = std::make_unique<Task>();
-  if (!ReadTaskRecord(task.get(), oid)) return FALSE;
+  std::unique_ptr<Task> task = TakeSpareTask();
+  if (!ReadTaskRecord(task.get(), oid)) {
+    SpareTasks().push_back(std::move(task));
+    return FALSE;
+  }
   if (check_reminder) CheckReminder(task.get(), context);
   if (entry)
     *entry = std::move(*task);
@@ -51,9 +73,11 @@ BOOL LoadTaskTable(size_t limit) {
 
 void FreeTaskTable() {
   TaskTable& table = Tasks();
+  TaskTable& spare = SpareTasks();
   for (auto& task : table) {
     task->oid = 0;
     task->pending_reminder_time = kNoDate;
+    spare.push_back(std::move(task));
   }
   table.clear();
   ClearTodayTask();

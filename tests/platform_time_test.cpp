@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "platform/clock.h"
 #include "platform/oletime.h"
 #include "platform/wstr.h"
@@ -33,6 +35,28 @@ TEST(OleTime, FileTimeRoundTripKeepsTheSecond) {
   FILETIME ft;
   ASSERT_TRUE(DateToFileTime(MakeDate(1601, 1, 1, 0, 0, 1), &ft));
   EXPECT_EQ(FileTimeTicks(ft), 10000000u);
+}
+
+// The store's direct conversion must give exactly what the platform's two
+// steps give, on both sides of 1899, at the ends of the range and in between.
+TEST(OleTime, FileTimeToDateMatchesTheConversionThroughASystemTime) {
+  std::uint64_t ticks[] = {0, 1, 9999999, 10000000, 864000000000ULL - 1, 94353120000000000ULL,
+                           94353120000000000ULL - 1, 133500000000000000ULL, 2650467743999999999ULL,
+                           2650467744000000000ULL, 0x7FFFFFFFFFFFFFFFULL, 0x8000000000000000ULL};
+  std::uint64_t step = 0x9E3779B97F4A7C15ULL;
+  std::vector<std::uint64_t> all(std::begin(ticks), std::end(ticks));
+  for (int i = 0; i < 2000; ++i) all.push_back((step = step * 6364136223846793005ULL + 1) % 2650467744000000000ULL);
+  for (std::uint64_t t : all) {
+    const FILETIME ft{static_cast<DWORD>(t), static_cast<DWORD>(t >> 32)};
+    SYSTEMTIME st;
+    DATE two_steps = 0;
+    const bool expected = FileTimeToSystemTime(&ft, &st) && SystemTimeToVariantTime(&st, &two_steps);
+    DATE direct = 0;
+    ASSERT_EQ(FileTimeToDate(ft, &direct), expected) << t;
+    if (expected) {
+      ASSERT_EQ(direct, two_steps) << t;
+    }
+  }
 }
 
 TEST(OleTime, WeekdayAndInvalidDates) {
