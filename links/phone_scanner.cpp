@@ -169,6 +169,17 @@ bool IsPartOfHyphenatedCode(const Char* text, size_t at, std::basic_string_view<
   return (at > 0 && text[at - 1] == '-') || text[at + s.size()] == '-';
 }
 
+// Where the search goes on after the candidate start at `at` was turned down:
+// the next character, or past the letters and digits that follow a digit,
+// since none of those starts a word.
+template <typename Char>
+size_t SkipWordRest(const Char* text, size_t at) {
+  size_t pos = at + 1;
+  if (IsAsciiDigit(text[at]))
+    while (IsAsciiDigit(text[pos]) || links::IsAsciiLetter(text[pos])) ++pos;
+  return pos;
+}
+
 enum class Verdict { kNumber, kRejected, kRejectedSkipPast };
 
 // Reads the candidate at text[at] and tests it; *number is the candidate as
@@ -208,14 +219,11 @@ std::wstring FindPhoneNumberIn(const Char* text) {
     pos = NextStart(text, pos);
     if (!text[pos]) return {};
     const size_t at = pos;
-    if (!StartsAWord(text, at)) {
-      pos = at + 1;
-      continue;
-    }
     std::basic_string_view<Char> number;
-    switch (ExamineCandidate(text, at, &number)) {
+    const Verdict verdict = StartsAWord(text, at) ? ExamineCandidate(text, at, &number) : Verdict::kRejected;
+    switch (verdict) {
       case Verdict::kNumber: return links::Widen(number);
-      case Verdict::kRejected: pos = at + 1; break;
+      case Verdict::kRejected: pos = SkipWordRest(text, at); break;
       case Verdict::kRejectedSkipPast: pos = at + number.size(); break;
     }
   }

@@ -53,9 +53,23 @@ char16_t UnitAt(const BYTE* data, size_t i) {
 // returns how many were written, never more than units. Text without
 // surrogates, nearly all of it, is done by the first, plain widening loop.
 size_t DecodeUtf16(const BYTE* data, size_t units, wchar_t* out) {
-  unsigned surrogates = 0;
-  for (size_t i = 0; i < units; ++i) {
-    char16_t u = UnitAt(data, i);
+  // Eight units at a time from a local copy, which the compiler widens in
+  // vector registers: it cannot know that out does not overlap data.
+  constexpr size_t kBlock = 8;
+  bool surrogates = false;
+  size_t i = 0;
+  for (; i + kBlock <= units; i += kBlock) {
+    char16_t block[kBlock];
+    std::memcpy(block, data + 2 * i, sizeof block);
+    unsigned found = 0;
+    for (size_t k = 0; k < kBlock; ++k) {
+      out[i + k] = block[k];
+      found |= static_cast<unsigned>(block[k] - 0xD800u) < 0x800u;
+    }
+    surrogates |= found != 0;
+  }
+  for (; i < units; ++i) {
+    const char16_t u = UnitAt(data, i);
     out[i] = u;
     surrogates |= static_cast<unsigned>(u - 0xD800u) < 0x800u;
   }

@@ -26,7 +26,9 @@ TaskTable& SpareTasks() {
   return spare;
 }
 
-std::unique_ptr<Task> TakeSpareTask() {
+}  // namespace
+
+std::unique_ptr<Task> NewTableTask() {
   TaskTable& spare = SpareTasks();
   if (spare.empty()) return std::make_unique<Task>();
   std::unique_ptr<Task> task = std::move(spare.back());
@@ -34,12 +36,10 @@ std::unique_ptr<Task> TakeSpareTask() {
   return task;
 }
 
-}  // namespace
-
 BOOL ReadTask(Task* entry, CEOID oid, bool check_reminder) {
   ReadContext context;
   if (entry) context = {true, entry->reminder_time, entry->pending_reminder_time};
-  std::unique_ptr<Task> task = TakeSpareTask();
+  std::unique_ptr<Task> task = NewTableTask();
   if (!ReadTaskRecord(task.get(), oid)) {
     SpareTasks().push_back(std::move(task));
     return FALSE;

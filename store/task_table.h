@@ -9,6 +9,10 @@ namespace velmo {
 
 TaskTable& Tasks();
 
+// A Task record to read into for the table: one the last FreeTaskTable let go
+// when there is one, so that its texts' room is used again.
+std::unique_ptr<Task> NewTableTask();
+
 // Reads record `oid` (0: the one at the position) into `entry`, or when entry is
 // null into a new task appended to the table. With check_reminder the reminder
 // time is settled and the notification made to match (reminders/). Returns
