@@ -28,6 +28,9 @@ bool Cursor::Fill(Volume* volume, CEOID db, std::uint64_t from, size_t max_rows)
   valid_ = false;
   rows_.clear();
   bytes_.clear();
+  // The room for a whole run at once: growing by doubling would copy the run
+  // into fresh memory several times, each copy costing page faults.
+  bytes_.reserve(kMaxBytes);
   Query query = volume->Prepare(Sql::kFetchFrom);
   query.Bind(1, db).Bind(2, static_cast<std::int64_t>(std::min<std::uint64_t>(from, INT64_MAX)));
   std::uint64_t through = kEnd;
