@@ -44,8 +44,7 @@ TEST_F(HandoverTest, SelectTriesTheViewThenTheDefaultThenAllTasks) {
       {L"unknown task", kViewOverdue, L"Home", L"", 4242, kViewOverdue, L"Home", 0},
       {L"the default view shows it", kViewOverdue, L"Home", L"", 1000, kViewAllTasks, L"", 1000},
       {L"hidden by the default filter", kViewOverdue, L"", L"Home", 1000, kViewAllTasks, L"", 1000},
-      {L"completed, not in the default", kViewActive, L"", L"Work", 1001, kViewAllTasks, L"",
-       1001},
+      {L"completed, not in the default", kViewActive, L"", L"Work", 1001, kViewAllTasks, L"", 1001},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

@@ -152,17 +152,15 @@ TEST_F(StartupProcessTest, ForeignStringTableStopsTheStart) {
 }
 
 TEST_F(StartupProcessTest, DamagedVolumeIsNamedAndLeftAlone) {
-  std::filesystem::create_directories(root() / "IPSM");
   const std::string volume = (root() / "IPSM" / "mxip_initdb.vol").string();
   const std::string garbage(4096, 'g');
-  std::ofstream(volume) << garbage;
+  testing::WriteFileBytes(volume, garbage);
   // The object model cannot use the volume either: the program ends.
   ChildProcess first(VELMO_TODO_BIN, {});
   first.CloseInput();
   EXPECT_EQ(first.Wait(), 0);
   EXPECT_NE(first.error_output().find(volume), std::string::npos) << first.error_output();
-  std::ifstream in(volume);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), garbage);
+  EXPECT_EQ(testing::ReadFileBytes(volume), garbage);
 }
 
 TEST_F(StartupProcessTest, UnusableDeviceRootIsNamed) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -76,11 +75,6 @@ std::string EncodeBmp(const Bitmap& image, bool palette) {
   return out;
 }
 
-void WriteFile(const fs::path& path, const std::string& bytes) {
-  fs::create_directories(path.parent_path());
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
 // Left half red over blue, right half green; w by h.
 Bitmap Quarters(int w, int h) {
   Bitmap image(w, h, kGreen);
@@ -137,7 +131,7 @@ TEST_F(CategoryIcons, LoadsBothBitDepthsAsWritten) {
   const Bitmap image = Quarters(6, 4);
   for (bool palette : {false, true}) {
     const fs::path file = Folder() / (palette ? "p.bmp" : "t.bmp");
-    WriteFile(file, EncodeBmp(image, palette));
+    testing::WriteFileBytes(file, EncodeBmp(image, palette));
     Bitmap loaded;
     ASSERT_EQ(LoadDibFile(file, &loaded), ERROR_SUCCESS) << palette;
     EXPECT_EQ(loaded.width, 6);
@@ -146,11 +140,11 @@ TEST_F(CategoryIcons, LoadsBothBitDepthsAsWritten) {
   }
   Bitmap unused;
   EXPECT_EQ(LoadDibFile(Folder() / "missing.bmp", &unused), DWORD{ERROR_FILE_NOT_FOUND});
-  WriteFile(Folder() / "text.bmp", "not a bitmap at all");
+  testing::WriteFileBytes(Folder() / "text.bmp", "not a bitmap at all");
   EXPECT_EQ(LoadDibFile(Folder() / "text.bmp", &unused), DWORD{ERROR_BAD_FORMAT});
   std::string cut = EncodeBmp(image, false);
   cut.resize(30);
-  WriteFile(Folder() / "cut.bmp", cut);
+  testing::WriteFileBytes(Folder() / "cut.bmp", cut);
   EXPECT_EQ(LoadDibFile(Folder() / "cut.bmp", &unused), DWORD{ERROR_BAD_FORMAT});
 }
 
@@ -179,9 +173,9 @@ TEST(FitBitmap, CropsLargeAndCentresSmall) {
 }
 
 TEST_F(CategoryIcons, BitmapFilesBecomeFittedIconsAndHalfBlockCells) {
-  WriteFile(Folder() / "A_B_.bmp", EncodeBmp(Quarters(16, 16), false));
-  WriteFile(Folder() / "~NoCategory.bmp", EncodeBmp(Quarters(8, 8), true));
-  WriteFile(Folder() / "work.BMP", EncodeBmp(Bitmap(2, 2, kBlue), true));
+  testing::WriteFileBytes(Folder() / "A_B_.bmp", EncodeBmp(Quarters(16, 16), false));
+  testing::WriteFileBytes(Folder() / "~NoCategory.bmp", EncodeBmp(Quarters(8, 8), true));
+  testing::WriteFileBytes(Folder() / "work.BMP", EncodeBmp(Bitmap(2, 2, kBlue), true));
   InitCategories(0, L"", L"");
   AddCategory(CategoryCatalogue(), L"A/B?", InLoadedTasks, kAddCategoryMerge);
   AddCategory(CategoryCatalogue(), L"Work", InLoadedTasks, kAddCategoryMerge);
@@ -238,7 +232,7 @@ TEST_F(CategoryIcons, NotFoundAndShouldBeAddedAreShownOncePerPass) {
             std::vector<std::wstring>{
                 L"Icons (CategoryName.bmp) should be added in:\r\n\\Program Files\\Velmo\\"});
 
-  WriteFile(Folder() / "b.bmp", EncodeBmp(Bitmap(4, 4, kRed), false));
+  testing::WriteFileBytes(Folder() / "b.bmp", EncodeBmp(Bitmap(4, 4, kRed), false));
   EXPECT_EQ(ReloadReporting(), std::vector<std::wstring>{
                                    L"File not found:\r\n\\Program Files\\Velmo\\~NoCategory.bmp"});
   EXPECT_EQ(ImageOf(L"b")->letter, 0);
@@ -246,9 +240,9 @@ TEST_F(CategoryIcons, NotFoundAndShouldBeAddedAreShownOncePerPass) {
 }
 
 TEST_F(CategoryIcons, BadFilesAreShownEveryTime) {
-  WriteFile(Folder() / "~NoCategory.bmp", EncodeBmp(Bitmap(4, 4, kRed), false));
-  WriteFile(Folder() / "a.bmp", "garbage");
-  WriteFile(Folder() / "c.bmp", "more garbage");
+  testing::WriteFileBytes(Folder() / "~NoCategory.bmp", EncodeBmp(Bitmap(4, 4, kRed), false));
+  testing::WriteFileBytes(Folder() / "a.bmp", "garbage");
+  testing::WriteFileBytes(Folder() / "c.bmp", "more garbage");
   InitCategories(0, L"", L"");
   ParseCategories(CategoryCatalogue(), L"a,b,c,d", InLoadedTasks, false);
   EXPECT_EQ(ReloadReporting(), (std::vector<std::wstring>{

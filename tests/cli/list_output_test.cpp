@@ -59,8 +59,7 @@ TEST(ListViewArgs, GoodAndBad) {
   cases[] = {
       {{"overdue"}, true, kViewOverdue, kNoDate, ""},
       {{"next", "--at", "2024-05-15"}, true, kViewNextDays, Day(0), ""},
-      {{"today", "--at", "2024-05-15T23:59", "--filter", "Work"}, true, kViewToday,
-       Day(0, 23, 59), ""},
+      {{"today", "--at", "2024-05-15T23:59", "--filter", "Work"}, true, kViewToday, Day(0, 23, 59), ""},
       {{"search", "--search", "milk"}, true, kViewSearch, kNoDate, ""},
       {{}, false, 0, 0, "a view is needed"},
       {{"Overdue"}, false, 0, 0, "unknown view 'Overdue'"},

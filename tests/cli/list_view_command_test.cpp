@@ -83,10 +83,7 @@ TEST_F(ListViewCommandTest, SearchFindsSubjectsAndNotes) {
 }
 
 TEST_F(ListViewCommandTest, BadArgumentsSayWhatIsWrong) {
-  const struct {
-    std::vector<std::string> args;
-    const char* says;
-  } cases[] = {
+  const struct { std::vector<std::string> args; const char* says; } cases[] = {
       {{"list", "later"}, "unknown view 'later'"},
       {{"list", "today", "--at", "tomorrow"}, "bad date 'tomorrow'"},
       {{"list", "today", "--filter"}, "'--filter' needs a value"},

@@ -5,8 +5,6 @@
 #include <sys/stat.h>
 
 #include <chrono>
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "platform/notify.h"
@@ -27,7 +25,7 @@ class NotifydTest : public DeviceTest {
   std::string Path(const std::string& name) const { return (root() / name).string(); }
 
   void WriteScript(const std::string& name, const std::string& body) const {
-    std::ofstream(Path(name)) << "#!/bin/sh\n" << body;
+    WriteFileBytes(Path(name), "#!/bin/sh\n" + body);
     ::chmod(Path(name).c_str(), 0755);
   }
 
@@ -43,12 +41,7 @@ class NotifydTest : public DeviceTest {
     return CeSetUserNotificationEx(nullptr, &trigger, &user);
   }
 
-  std::string Read(const std::string& name) const {
-    std::ifstream in(Path(name));
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-  }
+  std::string Read(const std::string& name) const { return ReadFileBytes(Path(name)); }
 
   // Waits until the file holds `lines` lines.
   bool WaitForLines(const std::string& name, size_t lines, std::chrono::milliseconds timeout = 10s) {

@@ -6,9 +6,12 @@
 #include "editor/recurrence_choices.h"
 #include "editor/recurrence_writer.h"
 #include "platform/locale.h"
+#include "tests/support/recurrence_pattern_builder.h"
 
 namespace velmo {
 namespace {
+
+using testing::Pattern;
 
 class RecurrenceWords : public ::testing::Test {
  protected:
@@ -80,19 +83,6 @@ TEST_F(RecurrenceWords, WrittenChoicesMatchBack) {
   EXPECT_EQ(once.words, L"Occurs once");
 }
 
-RecurrencePattern Pattern(LONG type, LONG interval, LONG mask = 0, LONG day = 0, LONG instance = 0,
-                          LONG month = 0) {
-  RecurrencePattern p;
-  p.RecurrenceType = type;
-  p.Interval = interval;
-  p.DayOfWeekMask = mask;
-  p.DayOfMonth = day;
-  p.Instance = instance;
-  p.MonthOfYear = month;
-  p.PatternStartDate = MakeDate(2026, 1, 29);
-  return p;
-}
-
 TEST_F(RecurrenceWords, PatternsThatAreNoChoiceInWords) {
   const LONG thursday = WeekdayBit(4);
   const LONG mon_fri = WeekdayBit(1) | WeekdayBit(5);
@@ -117,7 +107,9 @@ TEST_F(RecurrenceWords, PatternsThatAreNoChoiceInWords) {
   };
   const DATE thursday_base = MakeDate(2026, 1, 29);
   for (const Case& c : cases) {
-    const RecurrenceMatch match = MatchRecurrence(&c.p, thursday_base);
+    RecurrencePattern p = c.p;
+    p.PatternStartDate = thursday_base;
+    const RecurrenceMatch match = MatchRecurrence(&p, thursday_base);
     EXPECT_EQ(match.choice, kCustomPattern) << ::testing::PrintToString(std::wstring(c.words));
     EXPECT_EQ(match.words, c.words);
   }
@@ -126,12 +118,11 @@ TEST_F(RecurrenceWords, PatternsThatAreNoChoiceInWords) {
 // A matched choice is worded for the pattern's start, the match itself
 // follows the task's base date.
 TEST_F(RecurrenceWords, MatchedChoiceWordedForThePatternStart) {
-  RecurrencePattern monthly = Pattern(kRecursMonthly, 1, 0, 15);
-  monthly.PatternStartDate = MakeDate(2026, 3, 15);
+  const RecurrencePattern monthly = Pattern(kRecursMonthly, 1, 0, 15, 0, 0, MakeDate(2026, 3, 15));
   EXPECT_EQ(MatchRecurrence(&monthly, MakeDate(2026, 3, 20)).words, L"Day 15 of every month");
 
-  RecurrencePattern weekly = Pattern(kRecursWeekly, 2, WeekdayBit(0));
-  weekly.PatternStartDate = MakeDate(2026, 3, 15);  // a Sunday
+  // Every second Sunday from 15 March.
+  const RecurrencePattern weekly = Pattern(kRecursWeekly, 2, WeekdayBit(0), 0, 0, 0, MakeDate(2026, 3, 15));
   EXPECT_EQ(MatchRecurrence(&weekly, MakeDate(2026, 3, 15)).choice, 3);
   EXPECT_EQ(MatchRecurrence(&weekly, MakeDate(2026, 3, 16)).choice, kCustomPattern);
 }

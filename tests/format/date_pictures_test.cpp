@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "format/current_pictures.h"
 #include "format/date_text.h"
 #include "platform/locale.h"
@@ -22,6 +24,12 @@ TEST(LocaleFlags, BothFormsOfEachValue) {
     EXPECT_EQ(IsFlagOff(c.text), c.off) << ToUtf8(c.text);
     EXPECT_EQ(IsDayFirstOrder(c.text), c.day_first) << ToUtf8(c.text);
   }
+}
+
+// Every picture in declaration order, so that a mismatch names the field by place.
+std::vector<std::wstring> Fields(const DatePictures& p) {
+  return {p.short_date, p.short_date_long_year, p.day_month_padded, p.day_month_unpadded,
+          p.day_month_locale, p.time, p.weekday_date};
 }
 
 struct DerivationCase {
@@ -74,21 +82,14 @@ const DerivationCase kDerivationCases[] = {
      {L"dd/MM/yy", L"ddd dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM", L"HH:mm", L"ddd dd/MM/yy"}},
     {"PocketPC platform type",
      {L"dd/MM/yyyy", L"1", L"1", L"/", L"1", L"1", L"1", L"1", L":", L"HH:mm:ss"}, {192, true},
-     {L"dd/MM/yyyy", L"dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM/yyyy", L"HH:mm",
-      L"dddd dd/MM/yyyy"}},
+     {L"dd/MM/yyyy", L"dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM/yyyy", L"HH:mm", L"dddd dd/MM/yyyy"}},
 };
 
 TEST(DeriveDatePictures, Table) {
   for (const DerivationCase& c : kDerivationCases) {
     SCOPED_TRACE(c.name);
     const DatePictures p = DeriveDatePictures(c.values, c.screen);
-    EXPECT_EQ(p.short_date, c.expected.short_date);
-    EXPECT_EQ(p.short_date_long_year, c.expected.short_date_long_year);
-    EXPECT_EQ(p.day_month_padded, c.expected.day_month_padded);
-    EXPECT_EQ(p.day_month_unpadded, c.expected.day_month_unpadded);
-    EXPECT_EQ(p.day_month_locale, c.expected.day_month_locale);
-    EXPECT_EQ(p.time, c.expected.time);
-    EXPECT_EQ(p.weekday_date, c.expected.weekday_date);
+    EXPECT_EQ(Fields(p), Fields(c.expected));
   }
 }
 
@@ -112,20 +113,15 @@ TEST(DatePicturesOfRealLocales, DerivedAndShown) {
   } cases[] = {
       {"en_US", {L"M/d/yy", L"M/d/yyyy", L"MM/dd", L"M/d", L"M/d", L"h:mm tt", L"ddd M/d/yy"},
        L"Thu 3/5/26", L"9:07 PM"},
-      {"de_DE",
-       {L"dd.MM.yy", L"dd.MM.yyyy", L"dd.MM", L"d.M", L"dd.MM", L"HH:mm", L"ddd dd.MM.yy"},
+      {"de_DE", {L"dd.MM.yy", L"dd.MM.yyyy", L"dd.MM", L"d.M", L"dd.MM", L"HH:mm", L"ddd dd.MM.yy"},
        L"Do 05.03.26", L"21:07"},
-      {"fr_FR",
-       {L"dd/MM/yy", L"dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM", L"HH:mm", L"ddd dd/MM/yyyy"},
+      {"fr_FR", {L"dd/MM/yy", L"dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM", L"HH:mm", L"ddd dd/MM/yyyy"},
        L"jeu. 05/03/2026", L"21:07"},
-      {"ja_JP",
-       {L"yy/MM/dd", L"yyyy/MM/dd", L"MM/dd", L"M/d", L"MM/dd", L"H:mm", L"ddd yyyy/MM/dd"},
+      {"ja_JP", {L"yy/MM/dd", L"yyyy/MM/dd", L"MM/dd", L"M/d", L"MM/dd", L"H:mm", L"ddd yyyy/MM/dd"},
        L"木 2026/03/05", L"21:07"},
-      {"en_GB",
-       {L"dd/MM/yy", L"dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM", L"HH:mm", L"ddd dd/MM/yyyy"},
+      {"en_GB", {L"dd/MM/yy", L"dd/MM/yyyy", L"dd/MM", L"d/M", L"dd/MM", L"HH:mm", L"ddd dd/MM/yyyy"},
        L"Thu 05/03/2026", L"21:07"},
-      {"ko_KR",
-       {L"yy. M. d", L"yyyy. M. d.", L"MM. dd", L"M. d", L"M. d", L"tt h:mm", L"ddd yy. M. d."},
+      {"ko_KR", {L"yy. M. d", L"yyyy. M. d.", L"MM. dd", L"M. d", L"M. d", L"tt h:mm", L"ddd yy. M. d."},
        L"목 26. 3. 5.", L"오후 9:07"},
   };
   const DATE when = MakeDate(2026, 3, 5, 21, 7, 0);
@@ -135,13 +131,7 @@ TEST(DatePicturesOfRealLocales, DerivedAndShown) {
     LocaleDateValues values;
     ASSERT_EQ(ReadLocaleDateValues(GetUserDefaultLCID(), &values), S_OK);
     const DatePictures p = DeriveDatePictures(values, ScreenTraits{});
-    EXPECT_EQ(p.short_date, c.expected.short_date);
-    EXPECT_EQ(p.short_date_long_year, c.expected.short_date_long_year);
-    EXPECT_EQ(p.day_month_padded, c.expected.day_month_padded);
-    EXPECT_EQ(p.day_month_unpadded, c.expected.day_month_unpadded);
-    EXPECT_EQ(p.day_month_locale, c.expected.day_month_locale);
-    EXPECT_EQ(p.time, c.expected.time);
-    EXPECT_EQ(p.weekday_date, c.expected.weekday_date);
+    EXPECT_EQ(Fields(p), Fields(c.expected));
     EXPECT_EQ(DateText(when, p.weekday_date), c.weekday_date);
     EXPECT_EQ(TimeText(when, p.time), c.time);
   }

@@ -102,12 +102,9 @@ TEST_F(SortCompare, ReminderRefinesTheDayOfStartAndDue) {
 
   struct Case { const char* name; Task task; DATE start; DATE due; } cases[] = {
       {"no reminder", T().Start(Day(1)).Due(Day(2)), Day(1), Day(2)},
-      {"reminder on the due day", T().Start(Day(1)).Due(Day(2)).Reminder(Day(2, 8)), Day(1),
-       Day(2, 8)},
-      {"reminder on the start day", T().Start(Day(1)).Due(Day(2)).Reminder(Day(1, 8)), Day(1, 8),
-       Day(2)},
-      {"reminder on another day", T().Start(Day(1)).Due(Day(4)).Reminder(Day(3, 8)), Day(1),
-       Day(4)},
+      {"reminder on the due day", T().Start(Day(1)).Due(Day(2)).Reminder(Day(2, 8)), Day(1), Day(2, 8)},
+      {"reminder on the start day", T().Start(Day(1)).Due(Day(2)).Reminder(Day(1, 8)), Day(1, 8), Day(2)},
+      {"reminder on another day", T().Start(Day(1)).Due(Day(4)).Reminder(Day(3, 8)), Day(1), Day(4)},
       {"only a reminder", T().Reminder(Day(3, 8)), kNoDate, Day(3, 8)},
       {"reminder flag off", [] {
          Task t = T().Due(Day(2)).Reminder(Day(2, 8));

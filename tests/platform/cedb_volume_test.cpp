@@ -3,8 +3,6 @@
 #include <sqlite3.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "platform/device.h"
 #include "tests/platform/cedb_fixture.h"
@@ -13,16 +11,6 @@ namespace velmo::testing {
 namespace {
 
 using VolumeTest = DeviceTest;
-
-std::string FileBytes(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-void WriteFile(const std::filesystem::path& file, const std::string& bytes) {
-  std::filesystem::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << bytes;
-}
 
 // Every call given the identifier fails cleanly.
 void ExpectEveryCallFails(CEGUID* guid) {
@@ -110,7 +98,7 @@ TEST_F(VolumeTest, BadFilesFailWithAClearMessageAndAreLeftUntouched) {
     ASSERT_TRUE(CeMountDBVol(&guid, kTestVolume, OPEN_ALWAYS));
     ASSERT_TRUE(cedb::EnsureDeviceVolume());
     CeUnmountDBVol(&guid);
-    damaged = FileBytes(file);
+    damaged = ReadFileBytes(file);
     std::filesystem::remove(file);
     ASSERT_GT(damaged.size(), 4096u);
     for (size_t i = 100; i < damaged.size(); ++i) damaged[i] = garbage[i % garbage.size()];
@@ -123,7 +111,7 @@ TEST_F(VolumeTest, BadFilesFailWithAClearMessageAndAreLeftUntouched) {
     ASSERT_EQ(sqlite3_open(other.c_str(), &db), SQLITE_OK);
     sqlite3_exec(db, "CREATE TABLE notes(x); INSERT INTO notes VALUES(1)", nullptr, nullptr, nullptr);
     sqlite3_close(db);
-    foreign = FileBytes(other);
+    foreign = ReadFileBytes(other);
   }
   struct Case {
     const char* name;
@@ -131,7 +119,7 @@ TEST_F(VolumeTest, BadFilesFailWithAClearMessageAndAreLeftUntouched) {
   } cases[] = {{"garbage", garbage}, {"damaged pages", damaged}, {"another program's file", foreign}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
-    WriteFile(file, c.bytes);
+    WriteFileBytes(file, c.bytes);
     for (DWORD flags : {OPEN_EXISTING, OPEN_ALWAYS, CREATE_ALWAYS}) {
       CEGUID guid;
       EXPECT_FALSE(CeMountDBVol(&guid, kTestVolume, flags));
@@ -140,7 +128,7 @@ TEST_F(VolumeTest, BadFilesFailWithAClearMessageAndAreLeftUntouched) {
       EXPECT_NE(cedb::LastFailure().find(file.string()), std::string::npos) << cedb::LastFailure();
       ExpectEveryCallFails(&guid);
     }
-    EXPECT_EQ(FileBytes(file), c.bytes);
+    EXPECT_EQ(ReadFileBytes(file), c.bytes);
     std::filesystem::remove(file);
   }
 }
@@ -177,7 +165,7 @@ TEST_F(LockedVolumeTest, AnExclusiveHolderMakesMountingFail) {
   CeCloseHandle(db_);
   db_ = INVALID_HANDLE_VALUE;
   CeUnmountDBVol(&volume_);
-  std::string before = FileBytes(VolumeFile());
+  std::string before = ReadFileBytes(VolumeFile());
   ASSERT_EQ(sqlite3_exec(other_, "PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; DELETE FROM changes",
                          nullptr, nullptr, nullptr),
             SQLITE_OK);
@@ -187,7 +175,7 @@ TEST_F(LockedVolumeTest, AnExclusiveHolderMakesMountingFail) {
   EXPECT_NE(cedb::LastFailure().find(VolumeFile()), std::string::npos) << cedb::LastFailure();
   EXPECT_TRUE(CHECK_INVALIDGUID(&guid));
   sqlite3_exec(other_, "ROLLBACK", nullptr, nullptr, nullptr);
-  EXPECT_EQ(FileBytes(VolumeFile()), before);
+  EXPECT_EQ(ReadFileBytes(VolumeFile()), before);
   volume_ = guid;
 }
 

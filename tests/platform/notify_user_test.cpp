@@ -119,10 +119,7 @@ TEST_F(NotifyTest, ReplacingKeepsTheHandleAndClearingEndsIt) {
 }
 
 TEST_F(NotifyTest, BadTriggersAreRefused) {
-  struct Case {
-    const char* name;
-    void (*spoil)(CE_NOTIFICATION_TRIGGER*);
-  } const cases[] = {
+  struct Case { const char* name; void (*spoil)(CE_NOTIFICATION_TRIGGER*); } const cases[] = {
       {"size", [](CE_NOTIFICATION_TRIGGER* t) { t->dwSize = 20; }},
       {"type", [](CE_NOTIFICATION_TRIGGER* t) { t->dwType = 9; }},
       {"no application", [](CE_NOTIFICATION_TRIGGER* t) { t->lpszApplication = nullptr; }},

@@ -72,12 +72,7 @@ TEST_F(PoomTest, NotesOutsideTheCodePageBecomeQuestionMarks) {
   EXPECT_EQ(Raw(oid).count(kPropNotes), 0u) << "empty notes remove the property";
 }
 
-struct EncodingCase {
-  CEPROPID propid;
-  LONG stored;
-  HRESULT (ITask::*get)(LONG*);
-  LONG read;
-};
+struct EncodingCase { CEPROPID propid; LONG stored; HRESULT (ITask::*get)(LONG*); LONG read; };
 
 TEST_F(PoomTest, StoredImportanceAndSensitivityRead) {
   const EncodingCase cases[] = {

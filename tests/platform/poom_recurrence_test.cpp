@@ -1,27 +1,14 @@
 // Occurrences of recurrence patterns, counted by the iCalendar rules made of them.
 #include "platform/oletime.h"
 #include "platform/poom_recurrence.h"
-#include "tests/platform/poom_fixture.h"
+#include "tests/support/recurrence_pattern_builder.h"
+
+#include <gtest/gtest.h>
 
 namespace velmo::testing {
 namespace {
 
 using namespace velmo::poom;
-
-RecurrencePattern Pattern(LONG type, LONG interval, LONG mask, LONG day, LONG instance,
-                          LONG month, DATE start, DATE end) {
-  RecurrencePattern p;
-  p.RecurrenceType = type;
-  p.Interval = interval;
-  p.DayOfWeekMask = mask;
-  p.DayOfMonth = day;
-  p.Instance = instance;
-  p.MonthOfYear = month;
-  p.PatternStartDate = start;
-  p.PatternEndDate = end;
-  p.NoEndDate = end == kNoDate ? TRUE : FALSE;
-  return p;
-}
 
 struct CountCase {
   const char* name;

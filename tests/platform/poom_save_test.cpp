@@ -1,8 +1,11 @@
 // Save's refusals, and the completion of one occurrence of a recurring task.
+#include <tuple>
+
 #include "platform/clock.h"
 #include "platform/oletime.h"
 #include "platform/poom_props.h"
 #include "tests/platform/poom_fixture.h"
+#include "tests/support/recurrence_pattern_builder.h"
 
 namespace velmo::testing {
 namespace {
@@ -12,13 +15,7 @@ using namespace velmo::poom;
 const DATE kStart = MakeDate(2025, 4, 1);
 const DATE kDue = MakeDate(2025, 4, 10);
 
-struct SaveCase {
-  const char* name;
-  DATE start, due;
-  bool reminder_set;
-  DATE reminder;
-  HRESULT expected;
-};
+struct SaveCase { const char* name; DATE start, due; bool reminder_set; DATE reminder; HRESULT expected; };
 
 TEST_F(PoomTest, SaveRefusesInconsistentDates) {
   const SaveCase cases[] = {
@@ -61,14 +58,8 @@ TEST_F(PoomTest, SaveRefusesMoreThan999Occurrences) {
 TEST_F(PoomTest, ThePatternIsKeptInTheRecord) {
   Ref<ITask> item{Fresh()};
   item->put_DueDate(kDue);
-  RecurrencePattern written;
-  written.RecurrenceType = kRecursMonthNth;
-  written.Interval = 2;
-  written.DayOfWeekMask = WeekdayBit(2);
-  written.Instance = kLastInstance;
-  written.PatternStartDate = kDue;
-  written.NoEndDate = FALSE;
-  written.PatternEndDate = MakeDate(2025, 12, 31);
+  const RecurrencePattern written =
+      Pattern(kRecursMonthNth, 2, WeekdayBit(2), 0, kLastInstance, 0, kDue, MakeDate(2025, 12, 31));
   {
     Ref<IRecurrencePattern> pattern;
     ASSERT_EQ(item->GetRecurrencePattern(&pattern), S_OK);
@@ -86,14 +77,12 @@ TEST_F(PoomTest, ThePatternIsKeptInTheRecord) {
   ASSERT_EQ(again->GetRecurrencePattern(&pattern), S_OK);
   RecurrencePattern read;
   ASSERT_EQ(ReadPattern(pattern.p, &read), S_OK);
-  EXPECT_EQ(read.RecurrenceType, kRecursMonthNth);
-  EXPECT_EQ(read.Interval, 2);
-  EXPECT_EQ(read.DayOfWeekMask, WeekdayBit(2));
-  EXPECT_EQ(read.Instance, kLastInstance);
-  EXPECT_EQ(read.PatternStartDate, kDue);
-  EXPECT_EQ(read.PatternEndDate, MakeDate(2025, 12, 31));
-  EXPECT_FALSE(read.NoEndDate);
-  // Last Tuesday of April, June, August, October, December 2025.
+  // Every field as written; last Tuesday of April, June, August, October, December 2025.
+  const auto fields = [](const RecurrencePattern& p) {
+    return std::tuple(p.RecurrenceType, p.Interval, p.DayOfWeekMask, p.Instance,
+                      p.PatternStartDate, p.PatternEndDate, p.NoEndDate);
+  };
+  EXPECT_EQ(fields(read), fields(written));
   EXPECT_EQ(read.Occurrences, 5);
 
   ASSERT_EQ(again->ClearRecurrencePattern(), S_OK);

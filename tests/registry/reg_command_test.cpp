@@ -2,8 +2,6 @@
 // writing one registry at once.
 #include <sys/wait.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "platform/device.h"
@@ -15,11 +13,6 @@ namespace {
 
 struct Result { int code; std::string out; std::string err; };
 
-std::string ReadAll(const std::filesystem::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
 class RegCommandTest : public testing::SettingsTest {
  protected:
   Result Velmo(std::vector<std::string> args) {
@@ -29,9 +22,8 @@ class RegCommandTest : public testing::SettingsTest {
     return r;
   }
   std::filesystem::path Write(const std::string& name, const std::string& text) {
-    const std::filesystem::path path = root() / name;
-    std::ofstream(path, std::ios::binary) << text;
-    return path;
+    testing::WriteFileBytes(root() / name, text);
+    return root() / name;
   }
 };
 
@@ -119,7 +111,7 @@ TEST_F(RegCommandTest, ADamagedRegistryIsNamedAndLeftAlone) {
   const Result r = Velmo({"reg", "export"});
   EXPECT_EQ(1, r.code);
   EXPECT_NE(std::string::npos, r.err.find((root() / "registry.db").string()));
-  EXPECT_EQ(std::string(2048, 'z'), ReadAll(root() / "registry.db"));
+  EXPECT_EQ(std::string(2048, 'z'), testing::ReadFileBytes(root() / "registry.db"));
 }
 
 TEST_F(RegCommandTest, SeveralProcessesWritingAtOnceLoseNothing) {
@@ -142,7 +134,7 @@ TEST_F(RegCommandTest, SeveralProcessesWritingAtOnceLoseNothing) {
   const std::string out = root() / "parallel.txt";
   const std::string script_file = Write("parallel.sh", script);
   ASSERT_EQ(0, std::system(("sh '" + script_file + "' >'" + out + "' 2>&1").c_str()));
-  EXPECT_EQ("", ReadAll(out));
+  EXPECT_EQ("", testing::ReadFileBytes(out));
 
   std::vector<registry::RawKey> keys;
   ASSERT_EQ(ERROR_SUCCESS, registry::ExportTree(L"HKEY_CURRENT_USER\\Software\\Shared", &keys));

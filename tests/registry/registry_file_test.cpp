@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include "platform/device.h"
@@ -12,11 +11,6 @@
 #include "tests/support/temp_root.h"
 
 namespace {
-
-std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 LONG CreateSettingsKey() {
   HKEY key = nullptr;
@@ -29,10 +23,7 @@ LONG CreateSettingsKey() {
 class RegistryFileTest : public velmo::testing::DeviceTest {};
 
 TEST_F(RegistryFileTest, RefusesFilesItDidNotMakeAndLeavesThemAlone) {
-  struct Case {
-    const char* what;
-    void (*make)(const std::string& path);
-  };
+  struct Case { const char* what; void (*make)(const std::string& path); };
   const Case cases[] = {
       {"garbage", [](const std::string& path) {
          std::ofstream(path, std::ios::binary) << std::string(4096, 'x');
@@ -50,10 +41,10 @@ TEST_F(RegistryFileTest, RefusesFilesItDidNotMakeAndLeavesThemAlone) {
     const std::string path = velmo::registry::FilePath();
     std::filesystem::remove(path);
     c.make(path);
-    const std::string before = ReadAll(path);
+    const std::string before = velmo::testing::ReadFileBytes(path);
     EXPECT_EQ(static_cast<LONG>(ERROR_BADDB), CreateSettingsKey());
     EXPECT_NE(std::string::npos, velmo::registry::LastFailure().find(path));
-    EXPECT_EQ(before, ReadAll(path));
+    EXPECT_EQ(before, velmo::testing::ReadFileBytes(path));
   }
 }
 

@@ -95,12 +95,7 @@ TEST_F(ReminderCheckTest, WantedTimeAndMinutesWrittenBack) {
     VariantTimeToSystemTime(MakeDate(2024, 5, 20, 15, 0), &trigger.stEndTime);
     return notify::HandleValue(CeSetUserNotificationEx(nullptr, &trigger, nullptr));
   };
-  const struct {
-    const char* what;
-    DWORD handle;
-    DATE process_pending;
-    DATE wanted;
-  } cases[] = {
+  const struct { const char* what; DWORD handle; DATE process_pending; DATE wanted; } cases[] = {
       {"the default time of day", 0, kNoDate, MakeDate(2024, 5, 20, 8, 0)},
       {"the existing notification's time", existing(L"/usr/bin/velmo-todo"), kNoDate,
        MakeDate(2024, 5, 20, 14, 30)},
@@ -162,12 +157,7 @@ TEST_F(ReminderCheckTest, ReminderText) {
   locale::ScopedLocale english("en_US");
   Task task;
   task.due_date = MakeDate(2024, 5, 20);
-  const struct {
-    const wchar_t* subject;
-    LONG importance;
-    DATE start;
-    const wchar_t* text;
-  } cases[] = {
+  const struct { const wchar_t* subject; LONG importance; DATE start; const wchar_t* text; } cases[] = {
       {L"Dentist", kImportanceNormal, kNoDate, L"Dentist\r\n5/20/24"},
       {L"", kImportanceHigh, kNoDate, L"<No Subject>\r\n5/20/24 (!)"},
       {L"Tyres", kImportanceLow, MakeDate(2024, 5, 18), L"Tyres\r\n5/18/24 - 5/20/24 (\u00A1)"},

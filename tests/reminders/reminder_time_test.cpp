@@ -11,10 +11,7 @@ constexpr double kMinute = 1.0 / 1440;
 TEST(ReminderTimeTest, FromRecord) {
   const DATE due = MakeDate(2024, 5, 20);
   const DATE start = MakeDate(2024, 5, 18);
-  const struct {
-    LONG base_flag, minutes, delta;
-    DATE start, due, expected;
-  } cases[] = {
+  const struct { LONG base_flag, minutes, delta; DATE start, due, expected; } cases[] = {
       {1, 60, 0, start, due, due - 60 * kMinute},
       {1, -90, 0, kNoDate, due, due + 90 * kMinute},
       {1, 60, 0, start, kNoDate, kNoDate},

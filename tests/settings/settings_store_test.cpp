@@ -128,11 +128,7 @@ TEST_F(SettingsTest, SelectedViewIsStoredAsAnOffsetFromAllTasks) {
 }
 
 TEST_F(SettingsTest, AMissingOrMisshapenValueKeepsItsDefaultAndAsksForASave) {
-  struct Case {
-    const char* what;
-    void (*spoil)();
-    bool (*kept_default)(const Settings&);
-  };
+  struct Case { const char* what; void (*spoil)(); bool (*kept_default)(const Settings&); };
   const Case cases[] = {
       {"missing dword", [] { Delete(L"NDays"); }, [](const Settings& s) { return s.n_days == 7; }},
       {"10-byte Sort", [] { Set(L"Sort", REG_BINARY, std::vector<BYTE>(10, 9)); },

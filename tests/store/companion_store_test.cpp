@@ -53,11 +53,7 @@ TEST_F(CompanionStoreTest, AddedTasksListInDatabaseOrder) {
 }
 
 TEST_F(CompanionStoreTest, RefusalsAndBadArgumentsExitNonZero) {
-  const struct {
-    std::vector<std::string> args;
-    int code;
-    const char* says;
-  } cases[] = {
+  const struct { std::vector<std::string> args; int code; const char* says; } cases[] = {
       {{"add", "No due", "--reminder", "2031-03-04T09:30"}, 1, "Reminder"},
       {{"add", "Backwards", "--start", "2031-03-05", "--due", "2031-03-04"}, 1, "Date"},
       {{"add", "Bad", "--due", "2031-02-30"}, 2, "2031-02-30"},

@@ -17,12 +17,7 @@ namespace {
 class RecordReaderTest : public StoreTest {};
 
 TEST_F(RecordReaderTest, StoredValuesMapToFields) {
-  struct Case {
-    CEPROPID id;
-    LONG stored;
-    std::function<LONG(const Task&)> field;
-    LONG expected;
-  };
+  struct Case { CEPROPID id; LONG stored; std::function<LONG(const Task&)> field; LONG expected; };
   const auto importance = [](const Task& t) { return t.importance; };
   const auto sensitivity = [](const Task& t) { return t.sensitivity; };
   const Case cases[] = {
@@ -54,10 +49,7 @@ TEST_F(RecordReaderTest, AbsentAndMistypedPropertiesReadAsInitialValues) {
 
 TEST_F(RecordReaderTest, NotesState) {
   const std::string long_text(kLongNotesChars, 'a');
-  const struct {
-    std::string bytes;
-    WORD state;
-  } cases[] = {
+  const struct { std::string bytes; WORD state; } cases[] = {
       {"", kNoNotes},
       {"\r\n", kNoNotes},
       {std::string(2, '\0'), kNoNotes},

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
 
 namespace velmo::testing {
 
@@ -28,5 +29,10 @@ class DeviceTest : public ::testing::Test {
  private:
   TempRoot root_;
 };
+
+// A file's bytes ("" when it cannot be read), and a file written with the bytes,
+// its folders made first.
+std::string ReadFileBytes(const std::filesystem::path& file);
+void WriteFileBytes(const std::filesystem::path& file, const std::string& bytes);
 
 }  // namespace velmo::testing
