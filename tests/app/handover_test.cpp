@@ -51,13 +51,8 @@ TEST(Handover, TaskIdentifierTravelsInTwentyBytesAndComesBackWhole) {
 }
 
 TEST(Handover, DecodingReadsTenCharactersAtMost) {
-  struct Case {
-    const char16_t* text;
-    size_t units;
-    DWORD cb;  // as sent; negative values count as 40 bytes
-    ULONG_PTR code;
-    CEOID oid;
-  } cases[] = {
+  // cb is cbData as sent; negative values count as 40 bytes.
+  struct Case { const char16_t* text; size_t units; DWORD cb; ULONG_PTR code; CEOID oid; } cases[] = {
       {u"123456789012345", 15, 30, 0, 1234567890u},  // cut after ten characters
       {u"4294967295", 10, 20, 5, 4294967295u},
       {u"12345", 5, 6, 0, 123u},                     // cbData counts bytes: three units

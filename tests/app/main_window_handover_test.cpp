@@ -30,16 +30,8 @@ class HandoverTest : public MainWindowTest {
 };
 
 TEST_F(HandoverTest, SelectTriesTheViewThenTheDefaultThenAllTasks) {
-  struct Case {
-    const wchar_t* name;
-    UINT view;
-    const wchar_t* filter;
-    const wchar_t* default_filter;
-    CEOID oid;
-    UINT view_after;
-    const wchar_t* filter_after;
-    CEOID selected;
-  } const cases[] = {
+  struct Case { const wchar_t* name; UINT view; const wchar_t* filter; const wchar_t* default_filter;
+                CEOID oid; UINT view_after; const wchar_t* filter_after; CEOID selected; } const cases[] = {
       {L"listed", kViewAllTasks, L"", L"", 1002, kViewAllTasks, L"", 1002},
       {L"unknown task", kViewOverdue, L"Home", L"", 4242, kViewOverdue, L"Home", 0},
       {L"the default view shows it", kViewOverdue, L"Home", L"", 1000, kViewAllTasks, L"", 1000},

@@ -20,12 +20,9 @@ class MenusTest : public MainWindowTest {
 };
 
 TEST_F(MenusTest, ItemsForShownTasksAllTasksAndTheSelectedTaskFollowTheList) {
-  struct Case {
-    const wchar_t* name;
-    bool tasks;
-    UINT view_key;  // 0: All Tasks
-    bool displayed_grey, all_grey, task_items_grey;
-  } const cases[] = {
+  // A view_key of 0 is All Tasks.
+  struct Case { const wchar_t* name; bool tasks; UINT view_key;
+                bool displayed_grey, all_grey, task_items_grey; } const cases[] = {
       {L"no task at all", false, 0, true, true, true},
       {L"tasks shown", true, 0, false, false, false},
       {L"tasks, none in this view", true, '2', true, false, true},

@@ -8,32 +8,13 @@
 #include "platform/registry.h"
 #include "settings/registry_io.h"
 #include "tests/app/child_process.h"
-#include "tests/support/temp_root.h"
+#include "tests/settings/settings_fixture.h"
 
 namespace velmo {
 namespace {
 
-using ShortcutsStoreTest = testing::DeviceTest;
+using ShortcutsStoreTest = testing::SettingsTest;
 using testing::WaitForFile;
-
-std::vector<BYTE> StoredShortcuts(DWORD* type) {
-  HKEY key = nullptr;
-  EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kSettingsKey, 0, KEY_READ, &key), ERROR_SUCCESS);
-  std::vector<BYTE> bytes(64);
-  DWORD size = static_cast<DWORD>(bytes.size());
-  RegQueryValueExW(key, L"Shortcuts", nullptr, type, bytes.data(), &size);
-  RegCloseKey(key);
-  bytes.resize(size);
-  return bytes;
-}
-
-void WriteRaw(DWORD type, const std::vector<BYTE>& bytes) {
-  HKEY key = nullptr;
-  RegCreateKeyExW(HKEY_CURRENT_USER, kSettingsKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                  nullptr);
-  RegSetValueExW(key, L"Shortcuts", 0, type, bytes.data(), static_cast<DWORD>(bytes.size()));
-  RegCloseKey(key);
-}
 
 TEST_F(ShortcutsStoreTest, SavedAsFortyTwoLittleEndianBytesAndReadBack) {
   ShortcutTable b = kDefaultShortcuts;
@@ -42,9 +23,9 @@ TEST_F(ShortcutsStoreTest, SavedAsFortyTwoLittleEndianBytesAndReadBack) {
   Settings s;
   ASSERT_EQ(SaveShortcutBindings(b, s), ERROR_SUCCESS);
   EXPECT_EQ(s.shortcuts, b);
-  DWORD type = 0;
-  std::vector<BYTE> bytes = StoredShortcuts(&type);
-  EXPECT_EQ(type, REG_BINARY);
+  const registry::RawValue stored = Stored(L"Shortcuts");
+  const std::vector<BYTE>& bytes = stored.bytes;
+  EXPECT_EQ(stored.type, REG_BINARY);
   ASSERT_EQ(bytes.size(), 42u);
   EXPECT_EQ(bytes[0], 0x02);
   EXPECT_EQ(bytes[1], 0x01);
@@ -60,7 +41,7 @@ TEST_F(ShortcutsStoreTest, AnyOtherValueLeavesTheDefaults) {
   EXPECT_EQ(read, kDefaultShortcuts);
   struct Case { DWORD type; size_t size; } cases[] = {{REG_BINARY, 40}, {REG_BINARY, 44}, {REG_DWORD, 42}};
   for (const Case& c : cases) {
-    WriteRaw(c.type, std::vector<BYTE>(c.size, 1));
+    Set(L"Shortcuts", c.type, std::vector<BYTE>(c.size, 1));
     read.fill(7);
     EXPECT_FALSE(ReadShortcutBindings(&read)) << c.size;
     EXPECT_EQ(read, kDefaultShortcuts);

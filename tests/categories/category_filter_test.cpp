@@ -32,11 +32,8 @@ int CountShown(const TaskTable& tasks) {
 }
 
 TEST(CategoryFilter, UnionOfItsCategoriesCaseInsensitive) {
-  struct Case {
-    const wchar_t* filter;
-    const wchar_t* task;  // nullptr: the task has no categories value
-    bool shown;
-  } cases[] = {
+  // A null task has no categories value.
+  struct Case { const wchar_t* filter; const wchar_t* task; bool shown; } cases[] = {
       {L"", nullptr, true},          {L"", L"x", true},
       {L"<NoCat>", L"", true},       {L"<NoCat>", nullptr, false},
       {L"Work", nullptr, false},     {L"Work", L"", false},

@@ -12,13 +12,8 @@ TEST(DescribeSaveFailure, FirstRuleThatHoldsDecides) {
   const DATE day = MakeDate(2026, 5, 10);
   const DATE x = kNoDate;
   const HRESULT other = E_FAIL;
-  struct Case {
-    DATE start, due, reminder;
-    LONG occurrences;
-    HRESULT result;
-    UINT caption;
-    const wchar_t* text;
-  } cases[] = {
+  struct Case { DATE start, due, reminder; LONG occurrences; HRESULT result; UINT caption;
+                const wchar_t* text; } cases[] = {
       // Too many occurrences wins over everything.
       {day + 1, day, x, 1000, kDatesRefused, kDateInputs, L"Too many Occurrences."},
       {x, day, x, 999, kDatesRefused, kDateInputs, L"Invalid Dates."},

@@ -105,12 +105,8 @@ TEST(DeriveDatePictures, NoPictureExceedsTheLimit) {
 
 // The pictures of real locales, as ICU describes them, and a date shown in each.
 TEST(DatePicturesOfRealLocales, DerivedAndShown) {
-  struct Case {
-    const char* locale;
-    DatePictures expected;
-    const wchar_t* weekday_date;
-    const wchar_t* time;
-  } cases[] = {
+  struct Case { const char* locale; DatePictures expected; const wchar_t* weekday_date;
+                const wchar_t* time; } cases[] = {
       {"en_US", {L"M/d/yy", L"M/d/yyyy", L"MM/dd", L"M/d", L"M/d", L"h:mm tt", L"ddd M/d/yy"},
        L"Thu 3/5/26", L"9:07 PM"},
       {"de_DE", {L"dd.MM.yy", L"dd.MM.yyyy", L"dd.MM", L"d.M", L"dd.MM", L"HH:mm", L"ddd dd.MM.yy"},

@@ -77,10 +77,8 @@ TEST_F(SortCompare, MissingRuleForEveryKeyThatCanMissAValue) {
       {"completed, no date", kSortDateCompleted, T().Done(kNoDate), T().Done(Day(-100))},
       {"reminder", kSortReminderTime, T().Due(Day(0)), T().Reminder(Day(-100))},
   };
-  struct Expect {
-    SHORT direction;
-    int without_vs_with;
-  } expects[] = {{kAsc, -1}, {kDesc, 1}, {kNoneLast, 1}};
+  struct Expect { SHORT direction; int without_vs_with; } expects[] = {
+      {kAsc, -1}, {kDesc, 1}, {kNoneLast, 1}};
   for (const Missing& c : cases) {
     for (const Expect& e : expects) {
       EXPECT_EQ(e.without_vs_with, Compare(c.without, c.with, c.key, e.direction))

@@ -13,13 +13,8 @@ namespace {
 class ViewTitleTest : public testing::ListTest {};
 
 TEST_F(ViewTitleTest, EveryViewInBothForms) {
-  struct Case {
-    UINT view;
-    const wchar_t* filter;
-    DWORD n_days, a_days;
-    int rows, position;
-    const wchar_t* title;
-  } cases[] = {
+  struct Case { UINT view; const wchar_t* filter; DWORD n_days, a_days; int rows, position;
+                const wchar_t* title; } cases[] = {
       {kViewAllTasks, L"", 7, 7, 3, -1, L"Tasks [3]"},
       {kViewAllTasks, L"Work", 7, 7, 3, -1, L"Work [3]"},
       {kViewAllTasks, L"work,Home", 7, 7, 3, -1, L"Multiple Cat. [3]"},

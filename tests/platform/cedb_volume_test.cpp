@@ -113,10 +113,8 @@ TEST_F(VolumeTest, BadFilesFailWithAClearMessageAndAreLeftUntouched) {
     sqlite3_close(db);
     foreign = ReadFileBytes(other);
   }
-  struct Case {
-    const char* name;
-    std::string bytes;
-  } cases[] = {{"garbage", garbage}, {"damaged pages", damaged}, {"another program's file", foreign}};
+  struct Case { const char* name; std::string bytes; } cases[] = {
+      {"garbage", garbage}, {"damaged pages", damaged}, {"another program's file", foreign}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     WriteFileBytes(file, c.bytes);

@@ -30,13 +30,8 @@ TEST_F(WalkRecordsTest, AutoIncrementReadsInCreationOrderToTheEnd) {
 
 TEST_F(WalkRecordsTest, SeekKinds) {
   const LONG back_two = -2;
-  struct Case {
-    const char* name;
-    DWORD type;
-    DWORD value;
-    int expected;  // index into oids_, -1: fails
-    DWORD error;
-  } cases[] = {
+  // expected is an index into oids_, or -1 when the seek fails.
+  struct Case { const char* name; DWORD type; DWORD value; int expected; DWORD error; } cases[] = {
       {"beginning", CEDB_SEEK_BEGINNING, 0, 0, 0},
       {"beginning + 3", CEDB_SEEK_BEGINNING, 3, 3, 0},
       {"past the end", CEDB_SEEK_BEGINNING, 5, -1, ERROR_NO_MORE_ITEMS},

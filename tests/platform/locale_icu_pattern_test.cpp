@@ -37,12 +37,8 @@ TEST(IcuPatternToPicture, ConvertsLettersAndKeepsLiterals) {
 }
 
 TEST(AnalyseDatePattern, OrderSeparatorAndZeros) {
-  struct Case {
-    const wchar_t* icu;
-    int order;
-    const wchar_t* separator;
-    bool four_digit_year, day_zero, month_zero;
-  } cases[] = {
+  struct Case { const wchar_t* icu; int order; const wchar_t* separator;
+                bool four_digit_year, day_zero, month_zero; } cases[] = {
       {L"M/d/yy", 0, L"/", false, false, false},
       {L"dd.MM.yy", 1, L".", false, true, true},
       {L"dd/MM/y", 1, L"/", true, true, true},
@@ -63,11 +59,8 @@ TEST(AnalyseDatePattern, OrderSeparatorAndZeros) {
 }
 
 TEST(AnalyseTimePattern, HoursSeparatorAndMarker) {
-  struct Case {
-    const wchar_t* icu;
-    const wchar_t* separator;
-    bool hours_24, hour_zero, marker_first;
-  } cases[] = {
+  struct Case { const wchar_t* icu; const wchar_t* separator; bool hours_24, hour_zero,
+                marker_first; } cases[] = {
       {L"h:mm a", L":", false, false, false},
       {L"HH:mm", L":", true, true, false},
       {L"H.mm", L".", true, false, false},

@@ -99,11 +99,9 @@ TEST_F(PoomTest, StoredImportanceAndSensitivityRead) {
 }
 
 TEST_F(PoomTest, ImportanceAndSensitivityAreStoredEncoded) {
-  struct Case {
-    LONG importance, sensitivity, stored_importance, stored_sensitivity;
-  } const cases[] = {{olImportanceLow, olNormal, 3, 0},
-                     {olImportanceNormal, olPrivate, 2, 1},
-                     {olImportanceHigh, olNormal, 1, 0}};
+  struct Case { LONG importance, sensitivity, stored_importance, stored_sensitivity; } const cases[] = {
+      {olImportanceLow, olNormal, 3, 0}, {olImportanceNormal, olPrivate, 2, 1},
+      {olImportanceHigh, olNormal, 1, 0}};
   for (const Case& c : cases) {
     Ref<ITask> item{Fresh()};
     ASSERT_EQ(item->put_Importance(c.importance), S_OK);
@@ -218,10 +216,8 @@ TEST_F(PoomTest, CompleteSetsAndClearsTheCompletionDate) {
 TEST_F(PoomTest, ReminderIsStoredAsMinutesBeforeTheDueDate) {
   const DATE start = MakeDate(2025, 5, 1);
   const DATE due = MakeDate(2025, 5, 20);
-  struct Case {
-    DATE reminder;
-    LONG minutes;
-  } const cases[] = {{due - 1.5, 2160}, {due + 10.0 / 1440, -10}, {due, 0}};
+  struct Case { DATE reminder; LONG minutes; } const cases[] = {
+      {due - 1.5, 2160}, {due + 10.0 / 1440, -10}, {due, 0}};
   for (const Case& c : cases) {
     Ref<ITask> item{Fresh()};
     item->put_StartDate(start);

@@ -40,6 +40,10 @@ class RegistryTest : public velmo::testing::DeviceTest {
   HKEY key_ = nullptr;
 };
 
+LONG SetDword(HKEY key, const wchar_t* name, DWORD value) {
+  return RegSetValueExW(key, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
+}
+
 std::vector<BYTE> WideBytes(const std::wstring& text_with_nuls) {
   std::vector<BYTE> bytes(text_with_nuls.size() * sizeof(wchar_t));
   std::memcpy(bytes.data(), text_with_nuls.data(), bytes.size());
@@ -53,12 +57,8 @@ std::vector<BYTE> Utf16Le(std::initializer_list<unsigned> units) {
 }
 
 TEST_F(RegistryTest, ValuesComeBackByteExactAndStringsAreStoredAsUtf16) {
-  struct Case {
-    const wchar_t* name;
-    DWORD type;
-    std::vector<BYTE> data;    // as the caller passes it
-    std::vector<BYTE> stored;  // as the registry keeps it
-  };
+  // The bytes as the caller passes them, and as the registry keeps them.
+  struct Case { const wchar_t* name; DWORD type; std::vector<BYTE> data; std::vector<BYTE> stored; };
   const std::vector<Case> cases = {
       {L"Dword", REG_DWORD, {0xE0, 0x01, 0, 0}, {0xE0, 0x01, 0, 0}},
       {L"Binary", REG_BINARY, {0, 1, 0, 0xFF, 0}, {0, 1, 0, 0xFF, 0}},
@@ -107,9 +107,7 @@ TEST_F(RegistryTest, SmallBufferGivesMoreDataAndTheSizeNeeded) {
 }
 
 TEST_F(RegistryTest, DeletingAKeyNeverDeletesAValueOfThatName) {
-  const DWORD one = 1;
-  ASSERT_EQ(ERROR_SUCCESS, RegSetValueExW(key_, L"Both", 0, REG_DWORD,
-                                          reinterpret_cast<const BYTE*>(&one), sizeof one));
+  ASSERT_EQ(ERROR_SUCCESS, SetDword(key_, L"Both", 1));
   EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegDeleteKeyW(key_, L"Both"));
   DWORD type = 0;
   EXPECT_EQ((std::vector<BYTE>{1, 0, 0, 0}), Query(L"Both", &type));
@@ -117,8 +115,7 @@ TEST_F(RegistryTest, DeletingAKeyNeverDeletesAValueOfThatName) {
   HKEY sub = nullptr;
   ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(key_, L"Both\\Deeper", 0, nullptr, 0, 0, nullptr, &sub,
                                            nullptr));
-  ASSERT_EQ(ERROR_SUCCESS, RegSetValueExW(sub, L"Inner", 0, REG_DWORD,
-                                          reinterpret_cast<const BYTE*>(&one), sizeof one));
+  ASSERT_EQ(ERROR_SUCCESS, SetDword(sub, L"Inner", 1));
   EXPECT_EQ(ERROR_SUCCESS, RegDeleteValueW(key_, L"Both"));
   EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegDeleteValueW(key_, L"Both"));
   HKEY reopened = nullptr;
@@ -128,20 +125,14 @@ TEST_F(RegistryTest, DeletingAKeyNeverDeletesAValueOfThatName) {
 
   EXPECT_EQ(ERROR_SUCCESS, RegDeleteKeyW(key_, L"Both"));
   EXPECT_EQ(ERROR_FILE_NOT_FOUND, RegOpenKeyExW(key_, L"Both\\Deeper", 0, 0, &reopened));
-  EXPECT_EQ(ERROR_KEY_DELETED, RegSetValueExW(sub, L"Inner", 0, REG_DWORD,
-                                              reinterpret_cast<const BYTE*>(&one), sizeof one));
+  EXPECT_EQ(ERROR_KEY_DELETED, SetDword(sub, L"Inner", 1));
   RegCloseKey(sub);
 }
 
 TEST_F(RegistryTest, EnumerationFollowsCreationOrderAndRewritesKeepTheirPlace) {
-  for (DWORD v : {3u, 1u, 2u}) {
-    const std::wstring name = L"V" + std::to_wstring(v);
-    ASSERT_EQ(ERROR_SUCCESS, RegSetValueExW(key_, name.c_str(), 0, REG_DWORD,
-                                            reinterpret_cast<const BYTE*>(&v), sizeof v));
-  }
-  const DWORD again = 9;
-  ASSERT_EQ(ERROR_SUCCESS, RegSetValueExW(key_, L"V3", 0, REG_DWORD,
-                                          reinterpret_cast<const BYTE*>(&again), sizeof again));
+  for (DWORD v : {3u, 1u, 2u})
+    ASSERT_EQ(ERROR_SUCCESS, SetDword(key_, (L"V" + std::to_wstring(v)).c_str(), v));
+  ASSERT_EQ(ERROR_SUCCESS, SetDword(key_, L"V3", 9));
   std::vector<std::wstring> names;
   for (DWORD i = 0;; ++i) {
     wchar_t name[16];

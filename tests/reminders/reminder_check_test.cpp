@@ -69,10 +69,8 @@ TEST_F(ReminderCheckTest, FutureReminderKeepsExactlyOneNotification) {
 }
 
 TEST_F(ReminderCheckTest, PassedOrUnsetReminderLosesItsNotification) {
-  const struct {
-    DATE due;
-    bool set;
-  } cases[] = {{MakeDate(2024, 5, 14), true}, {MakeDate(2024, 5, 20), false}};
+  const struct { DATE due; bool set; } cases[] = {
+      {MakeDate(2024, 5, 14), true}, {MakeDate(2024, 5, 20), false}};
   for (const auto& c : cases) {
     const DWORD made = ReadChecked(AddReminder(MakeDate(2024, 5, 20), 30)).notification_handle;
     const CEOID oid = AddReminder(c.due, 30, made, c.set);

@@ -41,10 +41,8 @@ TEST(ReminderTimeTest, MinutesIgnoreConversionNoise) {
   task.reminder_base_flag = 1;
   task.due_date = MakeDate(2024, 5, 20, 9, 0);
   const DATE due = task.due_date;
-  const struct {
-    DATE reminder;
-    LONG minutes;
-  } cases[] = {{due - 30 * kMinute + 1e-9, 30}, {due - 30 * kMinute - 1e-9, 30},
+  const struct { DATE reminder; LONG minutes; } cases[] = {
+      {due - 30 * kMinute + 1e-9, 30}, {due - 30 * kMinute - 1e-9, 30},
                {due + 30 * kMinute - 1e-9, -30}, {due + 30 * kMinute + 1e-9, -30},
                {due - 30.5 * kMinute, 30}};
   for (const auto& c : cases) EXPECT_EQ(ReminderMinutesFor(task, c.reminder, s), c.minutes);

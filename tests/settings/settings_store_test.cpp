@@ -119,14 +119,6 @@ TEST_F(SettingsTest, TextsOfEveryLengthAreReadWhole) {
   }
 }
 
-TEST_F(SettingsTest, SelectedViewIsStoredAsAnOffsetFromAllTasks) {
-  SaveFirstStart();
-  SetDword(L"SelectedView", 4);
-  Settings s;
-  EXPECT_EQ(0, LoadSettings(s));
-  EXPECT_EQ(40054u, s.selected_view);
-}
-
 TEST_F(SettingsTest, AMissingOrMisshapenValueKeepsItsDefaultAndAsksForASave) {
   struct Case { const char* what; void (*spoil)(); bool (*kept_default)(const Settings&); };
   const Case cases[] = {
