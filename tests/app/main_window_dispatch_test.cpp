@@ -86,8 +86,7 @@ TEST_F(DispatchTest, SmallTerminalShowsANoticeUntilItGrows) {
 
 TEST(DayTimerTest, FiresOneSecondAfterTheNextMidnight) {
   struct Case { SYSTEMTIME now; UINT ms; } const cases[] = {
-      {{2024, 5, 3, 15, 0, 0, 0, 0}, 86401000},
-      {{2024, 5, 3, 15, 23, 59, 59, 999}, 1001},
+      {{2024, 5, 3, 15, 0, 0, 0, 0}, 86401000},   {{2024, 5, 3, 15, 23, 59, 59, 999}, 1001},
       {{2024, 5, 3, 15, 12, 0, 0, 0}, 43201000},
   };
   for (const Case& c : cases) EXPECT_EQ(app::MillisUntilDayChange(c.now), c.ms);

@@ -75,10 +75,8 @@ TEST(ShortcutHotKeys, PressesOfRecordVolumeAndTalk) {
 TEST(ShortcutHotKeys, BackKeyOnReleaseByItsChoice) {
   using K = ShortcutKind;
   struct Case { WORD choice; bool at_default; ShortcutOutcome outcome; } cases[] = {
-      {kBackKeyBack, false, {K::kDefaultBack, 0}},
-      {kBackKeyBack, true, {K::kDefaultBack, 0}},
-      {kBackKeyExit, false, {K::kCommand, kCmdExit}},
-      {kBackKeyExit, true, {K::kCommand, kCmdExit}},
+      {kBackKeyBack, false, {K::kDefaultBack, 0}},     {kBackKeyBack, true, {K::kDefaultBack, 0}},
+      {kBackKeyExit, false, {K::kCommand, kCmdExit}},  {kBackKeyExit, true, {K::kCommand, kCmdExit}},
       {kBackKeyDefaultViewOrBack, false, {K::kCommand, kCmdShowDefaultView}},
       {kBackKeyDefaultViewOrBack, true, {K::kDefaultBack, 0}},
       {kBackKeyDefaultViewOrExit, false, {K::kCommand, kCmdShowDefaultView}},

@@ -32,16 +32,11 @@ TEST(CategoryNames, CompareIgnoresCaseAndOrdersByLowerCase) {
 
 TEST(ParseCategories, SpellingOrderAndNoCategory) {
   struct Case { const wchar_t* text; bool skip_empty; std::vector<std::wstring> names; } cases[] = {
-      {L" Work ,home", true, {L"home", L"Work"}},
-      {L"<NoCat>", true, {L""}},
-      {L" <NoCat> ", true, {L""}},
-      {L"<nocat>", true, {L"<nocat>"}},
-      {L"a,,b", true, {L"", L"a", L"b"}},
-      {L"a,", true, {L"", L"a"}},
-      {L"", true, {}},
-      {L"", false, {L""}},
-      {L"b, a,  c", true, {L"a", L"b", L"c"}},
-      {L"Work,work,WORK", true, {L"Work"}},
+      {L" Work ,home", true, {L"home", L"Work"}},    {L"<NoCat>", true, {L""}},
+      {L" <NoCat> ", true, {L""}},                   {L"<nocat>", true, {L"<nocat>"}},
+      {L"a,,b", true, {L"", L"a", L"b"}},            {L"a,", true, {L"", L"a"}},
+      {L"", true, {}},                               {L"", false, {L""}},
+      {L"b, a,  c", true, {L"a", L"b", L"c"}},       {L"Work,work,WORK", true, {L"Work"}},
       {L"x,\tY\u00A0,z", true, {L"x", L"Y", L"z"}},
       {L"Zeta,alpha,Beta,<NoCat>", true, {L"", L"alpha", L"Beta", L"Zeta"}},
   };

@@ -129,10 +129,8 @@ TEST_F(RecurrenceWords, MatchedChoiceWordedForThePatternStart) {
 
 TEST_F(RecurrenceWords, DayMasks) {
   struct Case { LONG mask; const wchar_t* words; } cases[] = {
-      {kAllDays, L"day"},
-      {kMondayToFriday, L"weekday"},
-      {kSaturdayAndSunday, L"weekend day"},
-      {WeekdayBit(1), L"Monday"},
+      {kAllDays, L"day"},                    {kMondayToFriday, L"weekday"},
+      {kSaturdayAndSunday, L"weekend day"},  {WeekdayBit(1), L"Monday"},
       {WeekdayBit(0) | WeekdayBit(1), L"Sunday and Monday"},
       {WeekdayBit(1) | WeekdayBit(2) | WeekdayBit(5), L"Monday, Tuesday and Friday"},
       {kAllDays & ~WeekdayBit(3), L"Sunday, Monday, Tuesday, Thursday, Friday and Saturday"},

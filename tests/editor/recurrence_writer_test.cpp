@@ -11,12 +11,9 @@ TEST(WriteRecurrenceChoice, FieldsOfEachChoice) {
   const DATE base = MakeDate(2026, 1, 30);  // Friday the 30th
   const LONG friday = WeekdayBit(5);
   struct Case { int choice; LONG type, interval, mask, day, instance, month; } cases[] = {
-      {1, kRecursDaily, 1, 0, 0, 0, 0},
-      {2, kRecursWeekly, 1, friday, 0, 0, 0},
-      {5, kRecursWeekly, 4, friday, 0, 0, 0},
-      {6, kRecursMonthNth, 1, friday, 0, 5, 0},
-      {7, kRecursMonthly, 1, 0, 30, 0, 0},
-      {11, kRecursMonthly, 6, 0, 30, 0, 0},
+      {1, kRecursDaily, 1, 0, 0, 0, 0},          {2, kRecursWeekly, 1, friday, 0, 0, 0},
+      {5, kRecursWeekly, 4, friday, 0, 0, 0},    {6, kRecursMonthNth, 1, friday, 0, 5, 0},
+      {7, kRecursMonthly, 1, 0, 30, 0, 0},       {11, kRecursMonthly, 6, 0, 30, 0, 0},
       {12, kRecursYearly, 1, 0, 30, 0, 1},
   };
   for (const Case& c : cases) {

@@ -22,12 +22,8 @@ TEST_F(BelongsTest, TheFilterHidesTasksInEveryView) {
   const Task work = T().Categories(L"Errands, Work").Due(Day(-1));
   const Task none = T().Due(Day(-1));
   struct Case { const wchar_t* filter; bool work_shown, none_shown; } cases[] = {
-      {L"", true, true},
-      {L"work", true, false},
-      {L"Home", false, false},
-      {L"<NoCat>", false, true},
-      {L"Home,<NoCat>", false, true},
-      {L"errands,Home", true, false},
+      {L"", true, true},               {L"work", true, false},          {L"Home", false, false},
+      {L"<NoCat>", false, true},       {L"Home,<NoCat>", false, true},  {L"errands,Home", true, false},
   };
   for (UINT view : {kViewAllTasks, kViewOverdue, kViewActive}) {
     CurrentListState().view = view;

@@ -38,8 +38,7 @@ class SearchMarksTest : public testing::ListTest {};
 TEST_F(SearchMarksTest, MarksBySwitchesAndOnlyInTheSearchView) {
   struct Case { bool subjects, notes; DWORD marks; } cases[] = {
       {true, true, kSearchMatchNotes | kSearchMatchSubject},
-      {true, false, kSearchMatchSubject},
-      {false, true, kSearchMatchNotes},
+      {true, false, kSearchMatchSubject},  {false, true, kSearchMatchNotes},
       {false, false, 0},
   };
   for (const Case& c : cases) {

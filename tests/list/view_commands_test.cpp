@@ -79,8 +79,7 @@ TEST_F(ViewCommandsTest, AtDefaultStateFollowsViewAndFilterText) {
   struct Case { UINT view; const wchar_t* filter; bool at_default, checked, enabled; } cases[] = {
       {kViewOverdue, L"Work", true, true, false},
       {kViewOverdue, L"work", false, false, true},  // the text compares exactly
-      {kViewOverdue, L"", false, false, true},
-      {kViewToday, L"Work", false, false, true},
+      {kViewOverdue, L"", false, false, true},      {kViewToday, L"Work", false, false, true},
       {kViewSearch, L"Work", false, false, false},
   };
   for (const Case& c : cases) {

@@ -55,13 +55,5 @@ TEST_F(ViewTitleTest, ALongCategoryNameIsCutToTheTitleBuffer) {
   EXPECT_EQ(L"Overdue [4] xxx", title.substr(0, 15));
 }
 
-TEST_F(ViewTitleTest, CategoryTextByFilterCount) {
-  EXPECT_EQ(L"", TitleCategoryText(kViewToday, 0, L""));
-  EXPECT_EQ(L"Work", TitleCategoryText(kViewToday, 1, L"Work"));
-  EXPECT_EQ(L"No Category", TitleCategoryText(kViewAllTasks, 1, L""));
-  EXPECT_EQ(L"Multiple", TitleCategoryText(kViewToday, 2, L"a"));
-  EXPECT_EQ(L"Multiple Cat.", TitleCategoryText(kViewAllTasks, 384, L"a"));
-}
-
 }  // namespace
 }  // namespace velmo

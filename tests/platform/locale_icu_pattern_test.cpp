@@ -39,14 +39,10 @@ TEST(IcuPatternToPicture, ConvertsLettersAndKeepsLiterals) {
 TEST(AnalyseDatePattern, OrderSeparatorAndZeros) {
   struct Case { const wchar_t* icu; int order; const wchar_t* separator;
                 bool four_digit_year, day_zero, month_zero; } cases[] = {
-      {L"M/d/yy", 0, L"/", false, false, false},
-      {L"dd.MM.yy", 1, L".", false, true, true},
-      {L"dd/MM/y", 1, L"/", true, true, true},
-      {L"y/MM/dd", 2, L"/", true, true, true},
-      {L"yy. M. d.", 2, L". ", false, false, false},
-      {L"d.MM.yy 'г'.", 1, L".", false, false, true},
-      {L"y-MM-dd", 2, L"-", true, true, true},
-      {L"MMM d, y", 0, L" ", true, false, true},
+      {L"M/d/yy", 0, L"/", false, false, false},       {L"dd.MM.yy", 1, L".", false, true, true},
+      {L"dd/MM/y", 1, L"/", true, true, true},         {L"y/MM/dd", 2, L"/", true, true, true},
+      {L"yy. M. d.", 2, L". ", false, false, false},   {L"d.MM.yy 'г'.", 1, L".", false, false, true},
+      {L"y-MM-dd", 2, L"-", true, true, true},         {L"MMM d, y", 0, L" ", true, false, true},
   };
   for (const Case& c : cases) {
     const DatePatternFacts facts = AnalyseDatePattern(c.icu);
@@ -61,12 +57,9 @@ TEST(AnalyseDatePattern, OrderSeparatorAndZeros) {
 TEST(AnalyseTimePattern, HoursSeparatorAndMarker) {
   struct Case { const wchar_t* icu; const wchar_t* separator; bool hours_24, hour_zero,
                 marker_first; } cases[] = {
-      {L"h:mm a", L":", false, false, false},
-      {L"HH:mm", L":", true, true, false},
-      {L"H.mm", L".", true, false, false},
-      {L"a h:mm", L":", false, false, true},
-      {L"Bh:mm", L":", false, false, true},
-      {L"KK:mm a", L":", false, true, false},
+      {L"h:mm a", L":", false, false, false},     {L"HH:mm", L":", true, true, false},
+      {L"H.mm", L".", true, false, false},        {L"a h:mm", L":", false, false, true},
+      {L"Bh:mm", L":", false, false, true},       {L"KK:mm a", L":", false, true, false},
       {L"H 'h' mm", L" h ", true, false, false},
   };
   for (const Case& c : cases) {

@@ -263,10 +263,8 @@ TEST_F(LocaleEnvironment, FirstNonEmptyVariableWins) {
       {{nullptr, nullptr, "de_DE.UTF-8"}, "de_DE"},
       {{nullptr, "fr_FR.UTF-8", "de_DE.UTF-8"}, "fr_FR"},
       {{"ja_JP.UTF-8", "fr_FR.UTF-8", "de_DE.UTF-8"}, "ja_JP"},
-      {{"", "", "en_GB.UTF-8"}, "en_GB"},
-      {{"C", "fr_FR.UTF-8", nullptr}, "en_US"},
-      {{"POSIX", nullptr, nullptr}, "en_US"},
-      {{"C.UTF-8", nullptr, nullptr}, "en_US"},
+      {{"", "", "en_GB.UTF-8"}, "en_GB"},           {{"C", "fr_FR.UTF-8", nullptr}, "en_US"},
+      {{"POSIX", nullptr, nullptr}, "en_US"},       {{"C.UTF-8", nullptr, nullptr}, "en_US"},
       {{"de_DE@euro", nullptr, nullptr}, "de_DE"},
       {{"sr_RS.UTF-8@latin", nullptr, nullptr}, "sr_Latn_RS"},
   };

@@ -47,22 +47,14 @@ TEST(RegText, ReportsEveryMalformedLineWithItsNumberAndKeepsNothing) {
     int line;
   };
   const Case cases[] = {
-      {"\"a\"=dword:123456789\n", 4},
-      {"\"a\"=dword:\n", 4},
-      {"\"a\"=hex:1,2g\n", 4},
-      {"\"a\"=hex:01,,02\n", 4},
-      {"\"a\"=\"open\n", 4},
-      {"\"a\"=\"x\" trailing\n", 4},
-      {"\"a\\n\"=dword:1\n", 4},
-      {"\"a\"=-\n", 4},
-      {"\"a\"dword:1\n", 4},
-      {"a=dword:1\n", 4},
-      {"\"a\"=hex(zz):00\n", 4},
-      {"\"a\"=qword:1\n", 4},
-      {"\n[-HKEY_CURRENT_USER\\X]\n", 5},
-      {"[HKEY_CLASSES_ROOT\\X]\n", 4},
-      {"[HKEY_CURRENT_USER\\X\n", 4},
-      {"\"ok\"=dword:1\n\"bad\"=hex:100\n", 5},
+      {"\"a\"=dword:123456789\n", 4},            {"\"a\"=dword:\n", 4},
+      {"\"a\"=hex:1,2g\n", 4},                   {"\"a\"=hex:01,,02\n", 4},
+      {"\"a\"=\"open\n", 4},                     {"\"a\"=\"x\" trailing\n", 4},
+      {"\"a\\n\"=dword:1\n", 4},                 {"\"a\"=-\n", 4},
+      {"\"a\"dword:1\n", 4},                     {"a=dword:1\n", 4},
+      {"\"a\"=hex(zz):00\n", 4},                 {"\"a\"=qword:1\n", 4},
+      {"\n[-HKEY_CURRENT_USER\\X]\n", 5},        {"[HKEY_CLASSES_ROOT\\X]\n", 4},
+      {"[HKEY_CURRENT_USER\\X\n", 4},            {"\"ok\"=dword:1\n\"bad\"=hex:100\n", 5},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.body);

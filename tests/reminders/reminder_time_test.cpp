@@ -12,10 +12,8 @@ TEST(ReminderTimeTest, FromRecord) {
   const DATE due = MakeDate(2024, 5, 20);
   const DATE start = MakeDate(2024, 5, 18);
   const struct { LONG base_flag, minutes, delta; DATE start, due, expected; } cases[] = {
-      {1, 60, 0, start, due, due - 60 * kMinute},
-      {1, -90, 0, kNoDate, due, due + 90 * kMinute},
-      {1, 60, 0, start, kNoDate, kNoDate},
-      {0, 60, 0, start, due, start - 60 * kMinute},
+      {1, 60, 0, start, due, due - 60 * kMinute},     {1, -90, 0, kNoDate, due, due + 90 * kMinute},
+      {1, 60, 0, start, kNoDate, kNoDate},            {0, 60, 0, start, due, start - 60 * kMinute},
       {0, 60, 0, kNoDate, due, kNoDate - 60 * kMinute},  // no test of the start date
       {0, 0, 0, kNoDate, due, kNoDate},
       {1, 60, -3, start, due, due - 240 * kMinute},

@@ -50,14 +50,10 @@ TEST_F(RecordReaderTest, AbsentAndMistypedPropertiesReadAsInitialValues) {
 TEST_F(RecordReaderTest, NotesState) {
   const std::string long_text(kLongNotesChars, 'a');
   const struct { std::string bytes; WORD state; } cases[] = {
-      {"", kNoNotes},
-      {"\r\n", kNoNotes},
-      {std::string(2, '\0'), kNoNotes},
-      {std::string("\r\n\0\0", 4), kNoNotes},
-      {" ", kHasNotes},
-      {"\r\n\r\n", kNoNotes},
-      {long_text + "]", kLongNotesEndingInBracket},
-      {long_text.substr(1) + "]", kHasNotes},
+      {"", kNoNotes},                                {"\r\n", kNoNotes},
+      {std::string(2, '\0'), kNoNotes},              {std::string("\r\n\0\0", 4), kNoNotes},
+      {" ", kHasNotes},                              {"\r\n\r\n", kNoNotes},
+      {long_text + "]", kLongNotesEndingInBracket},  {long_text.substr(1) + "]", kHasNotes},
       {long_text + "]x", kHasNotes},
       {"\x81\x8d\xff\xfe", kHasNotes},  // not text in any sense, still notes
   };

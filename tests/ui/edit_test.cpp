@@ -35,14 +35,10 @@ class EditTest : public UiTest {
 TEST_F(EditTest, TypingBackspaceAndCaretKeys) {
   // Text typed (or, when null, the key), and the field afterwards.
   struct Step { const wchar_t* typed; UINT vk; const wchar_t* text; } const steps[] = {
-      {L"Buy milk", 0, L"Buy milk"},
-      {nullptr, VK_BACK, L"Buy mil"},
-      {nullptr, VK_HOME, L"Buy mil"},
+      {L"Buy milk", 0, L"Buy milk"},   {nullptr, VK_BACK, L"Buy mil"},  {nullptr, VK_HOME, L"Buy mil"},
       {nullptr, VK_BACK, L"Buy mil"},  // nothing before the caret
-      {nullptr, VK_DELETE, L"uy mil"},
-      {L"B", 0, L"Buy mil"},
-      {nullptr, VK_END, L"Buy mil"},
-      {nullptr, VK_LEFT, L"Buy mil"},
+      {nullptr, VK_DELETE, L"uy mil"},  {L"B", 0, L"Buy mil"},
+      {nullptr, VK_END, L"Buy mil"},    {nullptr, VK_LEFT, L"Buy mil"},
       {L"*#", 0, L"Buy mi*#l"},
   };
   for (const Step& s : steps) {

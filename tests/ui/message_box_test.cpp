@@ -14,10 +14,8 @@ class MessageBoxTest : public UiTest {
 
 TEST_F(MessageBoxTest, AnswersByKey) {
   struct Case { UINT type; std::vector<UINT> keys; int answer; } const cases[] = {
-      {MB_YESNO, {VK_TSOFT1}, IDYES},
-      {MB_YESNO, {VK_TSOFT2}, IDNO},
-      {MB_YESNO, {VK_RETURN}, IDYES},
-      {MB_YESNO | MB_DEFBUTTON2, {VK_RETURN}, IDNO},
+      {MB_YESNO, {VK_TSOFT1}, IDYES},                 {MB_YESNO, {VK_TSOFT2}, IDNO},
+      {MB_YESNO, {VK_RETURN}, IDYES},                 {MB_YESNO | MB_DEFBUTTON2, {VK_RETURN}, IDNO},
       {MB_YESNO, {VK_ESCAPE}, IDNO},
       {MB_YESNO, {VK_BACK}, IDNO},  // Backspace is the back key here
       {MB_YESNO, {'5', VK_UP, VK_TSOFT1}, IDYES},  // other keys do nothing

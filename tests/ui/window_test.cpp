@@ -52,10 +52,8 @@ TEST_F(WindowTest, DestroyGoesToOwnedWindowsThenChildren) {
     if (r.msg == WM_DESTROY || r.msg == WM_NCDESTROY) order.emplace_back(r.hwnd, r.msg);
   }
   EXPECT_EQ(order, (std::vector<std::pair<HWND, UINT>>{{popup, WM_DESTROY},
-                                                         {popup, WM_NCDESTROY},
-                                                         {main, WM_DESTROY},
-                                                         {child, WM_DESTROY},
-                                                         {child, WM_NCDESTROY},
+                                                         {popup, WM_NCDESTROY},  {main, WM_DESTROY},
+                                                         {child, WM_DESTROY},    {child, WM_NCDESTROY},
                                                          {main, WM_NCDESTROY}}));
   EXPECT_FALSE(IsWindow(main));
   EXPECT_FALSE(IsWindow(child));
