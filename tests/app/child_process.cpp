@@ -133,10 +133,16 @@ int RunToEnd(const std::string& program, const std::vector<std::string>& args,
              std::string* error_output, std::string* output) {
   ChildProcess child(program, args);
   child.CloseInput();
-  const int code = child.Wait();
+  const int code = child.Wait(std::chrono::seconds(60));
   if (error_output) *error_output = child.error_output();
   if (output) *output = child.output();
   return code;
+}
+
+RunResult RunProgram(const std::string& program, const std::vector<std::string>& args) {
+  RunResult r;
+  r.code = RunToEnd(program, args, &r.err, &r.out);
+  return r;
 }
 
 }  // namespace velmo::testing

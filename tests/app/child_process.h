@@ -50,9 +50,13 @@ class ChildProcess {
 // Waits up to two seconds for a file a child process makes; true once it is there.
 bool WaitForFile(const std::filesystem::path& file);
 
-// Runs a program to its end and returns its exit code; its standard error and
-// output are handed back when asked for.
+// Runs a program to its end (a minute at most) and returns its exit code; its
+// standard error and output are handed back when asked for.
 int RunToEnd(const std::string& program, const std::vector<std::string>& args,
              std::string* error_output = nullptr, std::string* output = nullptr);
+
+// The same run, its exit code and both outputs together.
+struct RunResult { int code; std::string out, err; };
+RunResult RunProgram(const std::string& program, const std::vector<std::string>& args);
 
 }  // namespace velmo::testing

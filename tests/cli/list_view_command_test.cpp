@@ -15,11 +15,7 @@ namespace {
 class ListViewCommandTest : public DeviceTest {
  protected:
   int Velmo(const std::vector<std::string>& args, std::string* out, std::string* err = nullptr) {
-    ChildProcess child(VELMO_BIN, args);
-    const int code = child.Wait(std::chrono::seconds(60));
-    *out = child.output();
-    if (err) *err = child.error_output();
-    return code;
+    return RunToEnd(VELMO_BIN, args, err, out);
   }
   // Adds a task and returns its object identifier as printed.
   std::string Add(const std::vector<std::string>& args) {

@@ -11,15 +11,13 @@
 namespace velmo {
 namespace {
 
-struct Result { int code; std::string out; std::string err; };
+using Result = testing::RunResult;
 
 class RegCommandTest : public testing::SettingsTest {
  protected:
   Result Velmo(std::vector<std::string> args) {
     args.insert(args.begin(), {"--root", device::Root().string()});
-    Result r;
-    r.code = testing::RunToEnd(VELMO_BIN, args, &r.err, &r.out);
-    return r;
+    return testing::RunProgram(VELMO_BIN, args);
   }
   std::filesystem::path Write(const std::string& name, const std::string& text) {
     testing::WriteFileBytes(root() / name, text);

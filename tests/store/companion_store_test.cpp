@@ -16,40 +16,32 @@ namespace {
 
 class CompanionStoreTest : public DeviceTest {
  protected:
-  // Runs velmo; returns its exit code, with standard output and error.
-  int Velmo(const std::vector<std::string>& args, std::string* out = nullptr, std::string* err = nullptr) {
-    ChildProcess child(VELMO_BIN, args);
-    const int code = child.Wait(std::chrono::seconds(60));
-    if (out) *out = child.output();
-    if (err) *err = child.error_output();
-    return code;
-  }
+  static RunResult Velmo(const std::vector<std::string>& args) { return RunProgram(VELMO_BIN, args); }
   std::vector<std::string> ListLines() {
-    std::string out;
-    EXPECT_EQ(Velmo({"list"}, &out), 0);
+    const RunResult list = Velmo({"list"});
+    EXPECT_EQ(list.code, 0);
     std::vector<std::string> lines;
-    std::istringstream in(out);
+    std::istringstream in(list.out);
     for (std::string line; std::getline(in, line);) lines.push_back(line);
     return lines;
   }
 };
 
 TEST_F(CompanionStoreTest, AddedTasksListInDatabaseOrder) {
-  std::string first, second;
-  ASSERT_EQ(Velmo({"add", "Buy tyres", "--start", "2031-03-01", "--due", "2031-03-04", "--reminder",
-                   "2031-03-04T09:30", "--priority", "high", "--categories", "Car,Errands", "--notes",
-                   "Call 0171 2345678", "--private"},
-                  &first),
-            0);
-  ASSERT_EQ(Velmo({"add", "Tax\treturn", "--priority", "low", "--complete"}, &second), 0);
+  const RunResult first = Velmo({"add", "Buy tyres", "--start", "2031-03-01", "--due", "2031-03-04",
+                                 "--reminder", "2031-03-04T09:30", "--priority", "high", "--categories",
+                                 "Car,Errands", "--notes", "Call 0171 2345678", "--private"});
+  const RunResult second = Velmo({"add", "Tax\treturn", "--priority", "low", "--complete"});
+  ASSERT_EQ(first.code, 0);
+  ASSERT_EQ(second.code, 0);
   const std::vector<std::string> lines = ListLines();
   ASSERT_EQ(lines.size(), 2u);
-  EXPECT_EQ(lines[0], first.substr(0, first.size() - 1) +
+  EXPECT_EQ(lines[0], first.out.substr(0, first.out.size() - 1) +
                           "\tBuy tyres\t2031-03-01\t2031-03-04\t2031-03-04T09:30\t\thigh\tCar,Errands");
   char today[16];
   const time_t now = time(nullptr);
   std::strftime(today, sizeof today, "%Y-%m-%d", localtime(&now));
-  EXPECT_EQ(lines[1], second.substr(0, second.size() - 1) + "\tTax return\t\t\t\t" + today + "\tlow\t");
+  EXPECT_EQ(lines[1], second.out.substr(0, second.out.size() - 1) + "\tTax return\t\t\t\t" + today + "\tlow\t");
 }
 
 TEST_F(CompanionStoreTest, RefusalsAndBadArgumentsExitNonZero) {
@@ -62,17 +54,17 @@ TEST_F(CompanionStoreTest, RefusalsAndBadArgumentsExitNonZero) {
       {{"demo", "0"}, 2, "usage"},
   };
   for (const auto& c : cases) {
-    std::string err;
-    EXPECT_EQ(Velmo(c.args, nullptr, &err), c.code) << c.args[1];
-    EXPECT_NE(err.find(c.says), std::string::npos) << err;
+    const RunResult r = Velmo(c.args);
+    EXPECT_EQ(r.code, c.code) << c.args[1];
+    EXPECT_NE(r.err.find(c.says), std::string::npos) << r.err;
   }
   EXPECT_TRUE(ListLines().empty()) << "nothing refused was stored";
 }
 
 TEST_F(CompanionStoreTest, DemoFillsTheDevice) {
-  std::string out;
-  ASSERT_EQ(Velmo({"demo", "300"}, &out), 0);
-  EXPECT_EQ(out, "300 tasks added\n");
+  const RunResult demo = Velmo({"demo", "300"});
+  ASSERT_EQ(demo.code, 0);
+  EXPECT_EQ(demo.out, "300 tasks added\n");
   const std::vector<std::string> lines = ListLines();
   ASSERT_EQ(lines.size(), 300u);
   const std::regex reminder(R"(\t\d{4}-\d\d-\d\dT\d\d:\d\d\t)");
