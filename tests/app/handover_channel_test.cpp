@@ -93,7 +93,9 @@ TEST_F(HandoverChannelTest, DismissalCancelsTheOwnerChainUpToTheMainWindow) {
   HWND dialog = MakeMain(L"Dialog", main);
   HWND inner = MakeMain(L"Dialog", dialog);
   ASSERT_TRUE(OpenHandoverChannel(main));
-  WhileLooping([&] { ipc::DismissDialogs(FindWindowW(kMainWindowClass, nullptr)); });
+  BOOL dismissed = FALSE;
+  WhileLooping([&] { dismissed = ipc::DismissDialogs(FindWindowW(kMainWindowClass, nullptr)); });
+  EXPECT_TRUE(dismissed);
   EXPECT_EQ(Cancelled(), (std::vector<HWND>{inner, dialog}));
 }
 

@@ -6,11 +6,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <chrono>
 #include <cstring>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "platform/device.h"
@@ -47,15 +45,6 @@ class IpcTest : public testing::DeviceTest {
   void TearDown() override {
     SetLogSink(nullptr);
     unsetenv("XDG_RUNTIME_DIR");
-  }
-
-  // Runs the receiving side until `done` or a few seconds have passed.
-  void Pump(Listener& listener, const Handlers& handlers, const std::atomic<bool>& done) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!done && std::chrono::steady_clock::now() < end) {
-      pollfd p{listener.fd(), POLLIN, 0};
-      if (poll(&p, 1, 50) > 0) listener.ReceiveOne(handlers);
-    }
   }
 
   // Connects a raw socket to the listener, sends bytes and closes.
@@ -204,42 +193,6 @@ TEST_F(IpcTest, StaleSocketOfADeadInstanceIsReplaced) {
   Listener listener;
   EXPECT_TRUE(listener.Open(kClass));
   EXPECT_NE(FindWindowW(kClass, nullptr), nullptr);
-}
-
-TEST_F(IpcTest, CopyDataIsDeliveredSynchronously) {
-  Listener listener;
-  ASSERT_TRUE(listener.Open(kClass));
-  std::vector<BYTE> received;
-  ULONG_PTR received_code = 99;
-  int dismissals = 0;
-  Handlers handlers;
-  handlers.copy_data = [&](ULONG_PTR code, DWORD size, const BYTE* bytes) -> LRESULT {
-    received_code = code;
-    received.assign(bytes, bytes + size);
-    return 1234;
-  };
-  handlers.dismiss_dialogs = [&] { ++dismissals; };
-
-  std::atomic<bool> done{false};
-  LRESULT result = 0;
-  BOOL dismissed = FALSE;
-  std::thread sender([&] {
-    HWND window = FindWindowW(kClass, nullptr);
-    char16_t payload[] = u"4000000000";
-    COPYDATASTRUCT record{5, 20, payload};
-    result = SendMessageW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&record));
-    dismissed = DismissDialogs(window);
-    done = true;
-  });
-  Pump(listener, handlers, done);
-  sender.join();
-  EXPECT_EQ(result, 1234);
-  EXPECT_TRUE(dismissed);
-  EXPECT_EQ(dismissals, 1);
-  EXPECT_EQ(received_code, 5u);
-  ASSERT_EQ(received.size(), 20u);
-  EXPECT_EQ(std::memcmp(received.data(), u"4000000000", 20), 0);
-  EXPECT_EQ(log_, "");
 }
 
 TEST_F(IpcTest, SenderRefusesBadRecordsAndGivesUpOnAHungReceiver) {

@@ -37,15 +37,12 @@ TEST_F(PoomTest, EveryFieldIsStoredInTheRecordFormat) {
   EXPECT_EQ(raw[kPropStartDate].date, start);
   EXPECT_EQ(raw[kPropDueDate].date, due);
   EXPECT_EQ(raw[kPropDateCompleted].date, kNoDate);
-  EXPECT_EQ(raw[kPropComplete].number, 0);
-  EXPECT_EQ(raw[kPropRecurring].number, 0);
-  EXPECT_EQ(raw[kPropImportance].number, 1);
-  EXPECT_EQ(raw[kPropSensitivity].number, 1);
-  EXPECT_EQ(raw[kPropTeamTask].number, 1);
-  EXPECT_EQ(raw[kPropReminderSet].number, 1);
-  EXPECT_EQ(raw[kPropReminderMinutes].number, 90);
+  const std::pair<CEPROPID, LONG> numbers[] = {
+      {kPropComplete, 0}, {kPropRecurring, 0}, {kPropImportance, 1}, {kPropSensitivity, 1},
+      {kPropTeamTask, 1}, {kPropReminderSet, 1}, {kPropReminderMinutes, 90},
+      {kPropReminderOptions, olLED | olSound}};
+  for (const auto& [prop, number] : numbers) EXPECT_EQ(raw[prop].number, number) << std::hex << prop;
   EXPECT_NE(raw[kPropReminderBaseFlag].number, 0);
-  EXPECT_EQ(raw[kPropReminderOptions].number, olLED | olSound);
   EXPECT_EQ(raw[kPropReminderSound].text, L"alarm3");
   EXPECT_EQ(raw.count(kPropNotificationHandle), 0u);
 
