@@ -6,18 +6,8 @@
 
 namespace velmo::testing {
 
-CEPROPVAL RawI2(CEPROPID id, SHORT value) {
-  CEPROPVAL v{id, 0, 0, {}};
-  v.val.iVal = value;
-  return v;
-}
-
-CEPROPVAL RawI4(CEPROPID id, LONG value) {
-  CEPROPVAL v{id, 0, 0, {}};
-  v.val.lVal = value;
-  return v;
-}
-
+CEPROPVAL RawI2(CEPROPID id, SHORT value) { CEPROPVAL v{id, 0, 0, {}}; v.val.iVal = value; return v; }
+CEPROPVAL RawI4(CEPROPID id, LONG value) { CEPROPVAL v{id, 0, 0, {}}; v.val.lVal = value; return v; }
 CEPROPVAL RawText(CEPROPID id, const wchar_t* text) {
   CEPROPVAL v{id, 0, 0, {}};
   v.val.lpwstr = const_cast<wchar_t*>(text);
@@ -25,18 +15,12 @@ CEPROPVAL RawText(CEPROPID id, const wchar_t* text) {
 }
 
 CEPROPVAL PropBlob(WORD id, std::vector<BYTE>* bytes) {
-  CEPROPVAL v{};
-  v.propid = PROPID(id, CEVT_BLOB);
+  CEPROPVAL v{PROPID(id, CEVT_BLOB), 0, 0, {}};
   v.val.blob = CEBLOB{static_cast<DWORD>(bytes->size()), bytes->data()};
   return v;
 }
 
-CEPROPVAL PropDelete(CEPROPID propid) {
-  CEPROPVAL v{};
-  v.propid = propid;
-  v.wFlags = CEDB_PROPDELETE;
-  return v;
-}
+CEPROPVAL PropDelete(CEPROPID propid) { return CEPROPVAL{propid, 0, CEDB_PROPDELETE, {}}; }
 
 void CedbTest::SetUp() {
   ASSERT_TRUE(CeMountDBVol(&volume_, kTestVolume, OPEN_ALWAYS)) << velmo::cedb::LastFailure();

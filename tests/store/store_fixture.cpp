@@ -10,19 +10,13 @@
 namespace velmo::testing {
 
 Props& Props::Text(CEPROPID id, const std::wstring& text) {
-  CEPROPVAL v{id, 0, 0, {}};
-  v.val.lpwstr = texts_.emplace_back(text).data();
-  values_.push_back(v);
+  values_.push_back(RawText(id, texts_.emplace_back(text).c_str()));
   return *this;
 }
 
 Props& Props::Int(CEPROPID id, LONG value) {
-  CEPROPVAL v{id, 0, 0, {}};
-  if (TypeFromPropID(id) == CEVT_I2)
-    v.val.iVal = static_cast<SHORT>(value);
-  else
-    v.val.lVal = value;
-  values_.push_back(v);
+  const bool i2 = TypeFromPropID(id) == CEVT_I2;
+  values_.push_back(i2 ? RawI2(id, static_cast<SHORT>(value)) : RawI4(id, value));
   return *this;
 }
 

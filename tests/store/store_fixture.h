@@ -9,7 +9,7 @@
 #include "platform/cedb.h"
 #include "platform/clock.h"
 #include "store/task.h"
-#include "tests/support/temp_root.h"
+#include "tests/platform/cedb_fixture.h"
 
 namespace velmo::testing {
 
