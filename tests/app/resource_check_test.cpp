@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include <fstream>
-
 #include "app/resource_check.h"
 #include "platform/wstr.h"
 #include "res/strings.h"
@@ -19,9 +17,8 @@ class ResourceCheckTest : public testing::DeviceTest {
   }
   std::wstring ProgramFile() const { return FromUtf8((root() / "velmo-todo").string()); }
   std::string Write(const std::string& name, const std::string& lines) const {
-    const std::string path = (root() / name).string();
-    std::ofstream(path) << lines;
-    return path;
+    testing::WriteFileBytes(root() / name, lines);
+    return (root() / name).string();
   }
 };
 

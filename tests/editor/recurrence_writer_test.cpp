@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "editor/recurrence_choices.h"
 
 namespace velmo {
@@ -19,12 +21,9 @@ TEST(WriteRecurrenceChoice, FieldsOfEachChoice) {
   for (const Case& c : cases) {
     RecurrencePattern p = {kRecursYearNth, 0, 0, FALSE, 9, 127, 9, 9, 9, 9};  // stale fields
     ASSERT_TRUE(WriteRecurrenceChoice(c.choice, base, kNoDate, &p));
-    EXPECT_EQ(p.RecurrenceType, c.type) << c.choice;
-    EXPECT_EQ(p.Interval, c.interval) << c.choice;
-    EXPECT_EQ(p.DayOfWeekMask, c.mask) << c.choice;
-    EXPECT_EQ(p.DayOfMonth, c.day) << c.choice;
-    EXPECT_EQ(p.Instance, c.instance) << c.choice;
-    EXPECT_EQ(p.MonthOfYear, c.month) << c.choice;
+    EXPECT_EQ(std::tuple(p.RecurrenceType, p.Interval, p.DayOfWeekMask, p.DayOfMonth, p.Instance,
+                         p.MonthOfYear),
+              std::tuple(c.type, c.interval, c.mask, c.day, c.instance, c.month)) << c.choice;
     EXPECT_EQ(p.PatternStartDate, base);
     EXPECT_TRUE(p.NoEndDate);
   }

@@ -19,10 +19,8 @@ TEST_F(MessageBoxTest, AnswersByKey) {
       {MB_YESNO, {VK_ESCAPE}, IDNO},
       {MB_YESNO, {VK_BACK}, IDNO},  // Backspace is the back key here
       {MB_YESNO, {'5', VK_UP, VK_TSOFT1}, IDYES},  // other keys do nothing
-      {MB_OK, {VK_TSOFT2, VK_RETURN}, IDOK},
-      {MB_OK, {VK_ESCAPE}, IDOK},
-      {MB_OKCANCEL, {VK_ESCAPE}, IDCANCEL},
-      {MB_OKCANCEL | MB_DEFBUTTON2, {VK_TSOFT1}, IDOK},
+      {MB_OK, {VK_TSOFT2, VK_RETURN}, IDOK},          {MB_OK, {VK_ESCAPE}, IDOK},
+      {MB_OKCANCEL, {VK_ESCAPE}, IDCANCEL},           {MB_OKCANCEL | MB_DEFBUTTON2, {VK_TSOFT1}, IDOK},
       {MB_YESNOCANCEL, {VK_ESCAPE}, IDCANCEL},
   };
   for (const Case& c : cases) {
