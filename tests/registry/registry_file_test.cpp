@@ -25,9 +25,8 @@ class RegistryFileTest : public velmo::testing::DeviceTest {};
 TEST_F(RegistryFileTest, RefusesFilesItDidNotMakeAndLeavesThemAlone) {
   struct Case { const char* what; void (*make)(const std::string& path); };
   const Case cases[] = {
-      {"garbage", [](const std::string& path) {
-         std::ofstream(path, std::ios::binary) << std::string(4096, 'x');
-       }},
+      {"garbage",
+       [](const std::string& path) { velmo::testing::WriteFileBytes(path, std::string(4096, 'x')); }},
       {"another program's database", [](const std::string& path) {
          sqlite3* db = nullptr;
          sqlite3_open(path.c_str(), &db);
