@@ -100,16 +100,6 @@ TEST_F(StartupProcessTest, SecondInstanceHandsItsRequestOver) {
   EXPECT_EQ(again.Wait(), 0);
 }
 
-TEST_F(StartupProcessTest, FirstNormalStartSavesEverySetting) {
-  ChildProcess first(VELMO_TODO_BIN, {});
-  ASSERT_NE(first.WaitForLine("--- screen"), "") << first.error_output();
-  first.Signal(SIGINT);
-  EXPECT_EQ(first.Wait(), 0);
-  EXPECT_TRUE(HasSetting(L"ReminderTime"));
-  EXPECT_TRUE(HasSetting(L"NTxt4"));
-  EXPECT_TRUE(HasSetting(L"Path"));
-}
-
 TEST_F(StartupProcessTest, RunningInstanceListsTheTasks) {
   AddTasks({L"Buy milk", L"", L"Call \u00c5sa"});
   ChildProcess first(VELMO_TODO_BIN, {});

@@ -1,5 +1,6 @@
-// The settings through the real program: a normal start of a moved program file
-// migrates old settings and re-registers it for the after-synchronisation start.
+// The settings through the real program: the first normal start saves them, and
+// a normal start of a moved program file migrates old settings and re-registers
+// it for the after-synchronisation start.
 #include <csignal>
 #include <filesystem>
 
@@ -31,9 +32,11 @@ class SettingsProcessTest : public testing::SettingsTest {
 };
 
 TEST_F(SettingsProcessTest, AMovedProgramWithOldSettingsMigratesAndReRegisters) {
-  NormalStart(VELMO_TODO_BIN);
+  NormalStart(VELMO_TODO_BIN);  // the first start saves every setting
   const std::wstring original = FromUtf8(std::filesystem::canonical(VELMO_TODO_BIN).string());
   EXPECT_EQ(original, StoredText(L"Path"));
+  EXPECT_EQ(480u, StoredDword(L"ReminderTime"));
+  EXPECT_EQ(REG_MULTI_SZ, Stored(L"NTxt4").type);
 
   SetDword(L"VersionMajor", 5);
   SetDword(L"VersionMinor", 10);
