@@ -122,9 +122,8 @@ TEST_F(SortCompare, ReminderRefinesTheDayOfStartAndDue) {
 TEST_F(SortCompare, NoneKeyAndUnknownKeysOrDirectionsAreEqual) {
   const Task a = T().Subject(L"a").Priority(0).Due(Day(1));
   const Task b = T().Subject(L"b").Priority(2).Due(Day(2)).Done(Day(0));
-  for (SHORT key : {SHORT{0}, SHORT{11}, SHORT{-1}, SHORT{300}}) {
+  for (SHORT key : {SHORT{0}, SHORT{11}, SHORT{-1}, SHORT{300}})
     EXPECT_EQ(0, Compare(a, b, key, kAsc)) << key;
-  }
   for (SHORT direction : {SHORT{3}, SHORT{-1}, SHORT{255}}) {
     for (SHORT key = 1; key <= kLastSortKey; ++key)
       EXPECT_EQ(0, Compare(a, b, key, direction)) << key << " " << direction;

@@ -31,9 +31,8 @@ TEST(IcuPatternToPicture, ConvertsLettersAndKeepsLiterals) {
       {L"G y", L"gg yyyy"},
       {L"'unterminated", L"'unterminated'"},
   };
-  for (const Case& c : cases) {
+  for (const Case& c : cases)
     EXPECT_EQ(IcuPatternToPicture(c.icu), c.picture) << ToUtf8(c.icu);
-  }
 }
 
 TEST(AnalyseDatePattern, OrderSeparatorAndZeros) {

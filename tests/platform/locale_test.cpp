@@ -179,9 +179,8 @@ TEST(TimeFormat, PictureElementsAndFlags) {
       {&afternoon, nullptr, TIME_NOSECONDS, L"1:45 PM"},
       {&afternoon, L"'at' H 'h' dd", 0, L"at 13 h dd"},  // date elements are not a time's
   };
-  for (const Case& c : cases) {
+  for (const Case& c : cases)
     EXPECT_EQ(Time(*c.t, c.picture, c.flags), c.text) << (c.picture ? ToUtf8(c.picture) : "null");
-  }
   ScopedLocale korean("ko_KR");
   EXPECT_EQ(Time(afternoon, nullptr), L"오후 1:45:30");
   EXPECT_EQ(Time(afternoon, nullptr, TIME_NOTIMEMARKER), L"1:45:30");

@@ -20,9 +20,8 @@ TEST(ColoursTest, NearestOf256AndOf8) {
       {ui::NearestAnsi8, RGB(255, 255, 255), 7},        {ui::NearestAnsi8, RGB(0xC0, 0xC0, 0xC0), 7},
       {ui::NearestAnsi8, RGB(0x20, 0x20, 0x20), 0},     {ui::NearestAnsi8, RGB(0xC0, 0x80, 0), 3},
   };
-  for (const Case& c : cases) {
+  for (const Case& c : cases)
     EXPECT_EQ(c.nearest(c.colour), c.index) << std::hex << c.colour;
-  }
 }
 
 TEST(ColoursTest, DepthFollowsTheTerminalAndCanOnlyBeLowered) {

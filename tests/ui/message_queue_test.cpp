@@ -60,9 +60,8 @@ TEST_F(MessageQueueTest, TranslatedCharactersComeRightAfterTheirKey) {
   screen_.TypeText(L"a5");
   Pump();
   std::vector<std::pair<UINT, WPARAM>> keys;
-  for (const Received& r : received_) {
+  for (const Received& r : received_)
     if (r.msg == WM_KEYDOWN || r.msg == WM_CHAR) keys.emplace_back(r.msg, r.wparam);
-  }
   EXPECT_EQ(keys, (std::vector<std::pair<UINT, WPARAM>>{
                       {WM_KEYDOWN, 'A'}, {WM_CHAR, L'a'}, {WM_KEYDOWN, '5'}, {WM_CHAR, L'5'}}));
   EXPECT_EQ(Of(WM_KEYDOWN).front().hwnd, main);

@@ -56,9 +56,8 @@ class UiTest : public ::testing::Test {
 
   std::vector<Received> Of(UINT msg) const {
     std::vector<Received> out;
-    for (const Received& r : received_) {
+    for (const Received& r : received_)
       if (r.msg == msg) out.push_back(r);
-    }
     return out;
   }
   std::vector<UINT> Commands() const {
@@ -77,9 +76,8 @@ class UiTest : public ::testing::Test {
   static LRESULT Proc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam) {
     UiTest* t = current_;
     if (t) {
-      for (UINT noted : kNoted) {
+      for (UINT noted : kNoted)
         if (noted == msg) t->received_.push_back(Received{hwnd, msg, wparam, lparam});
-      }
       auto it = t->handlers_.find(msg);
       if (it != t->handlers_.end()) {
         bool handled = true;

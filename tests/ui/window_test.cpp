@@ -7,9 +7,8 @@ class WindowTest : public UiTest {};
 
 std::vector<UINT> Messages(const std::vector<Received>& received, HWND hwnd) {
   std::vector<UINT> out;
-  for (const Received& r : received) {
+  for (const Received& r : received)
     if (r.hwnd == hwnd) out.push_back(r.msg);
-  }
   return out;
 }
 
@@ -48,9 +47,8 @@ TEST_F(WindowTest, DestroyGoesToOwnedWindowsThenChildren) {
   received_.clear();
   ASSERT_TRUE(DestroyWindow(main));
   std::vector<std::pair<HWND, UINT>> order;
-  for (const Received& r : received_) {
+  for (const Received& r : received_)
     if (r.msg == WM_DESTROY || r.msg == WM_NCDESTROY) order.emplace_back(r.hwnd, r.msg);
-  }
   EXPECT_EQ(order, (std::vector<std::pair<HWND, UINT>>{{popup, WM_DESTROY},
                                                          {popup, WM_NCDESTROY},  {main, WM_DESTROY},
                                                          {child, WM_DESTROY},    {child, WM_NCDESTROY},
