@@ -1,6 +1,7 @@
 // FindWebAddress: the earliest address with one of the known schemes, read up
 // to the next blank (at most 511 characters); without one, the first "www."
 // followed by a host name of at least three characters holding a dot.
+#include <cstring>
 #include <string_view>
 
 #include "links/scan_text.h"
@@ -31,6 +32,18 @@ bool IsHostChar(Char c) {
   return IsAsciiLetter(c) || IsAsciiDigit(c) || c == '.' || c == '-';
 }
 
+// Where the first occurrence of an ASCII literal at or after `from` starts, or
+// npos. Notes can be long: on their bytes the C library's vector search for the
+// whole literal is far quicker than a search for its first character ("w" is
+// frequent). The texts end in a NUL, so the C search stops where the view does.
+size_t Find(std::wstring_view text, const Literal& literal, size_t from) {
+  return text.find(literal.wide, from);
+}
+size_t Find(std::string_view text, const Literal& literal, size_t from) {
+  const char* at = std::strstr(text.data() + from, literal.narrow.data());
+  return at ? static_cast<size_t>(at - text.data()) : std::string_view::npos;
+}
+
 // Where the scheme that ends right before this "://" starts, or null.
 template <typename Char>
 const Char* SchemeBefore(const Char* text, const Char* separator) {
@@ -45,23 +58,21 @@ const Char* SchemeBefore(const Char* text, const Char* separator) {
 
 // The earliest address with a known scheme. "://" occurrences cannot overlap, so
 // the first one preceded by a scheme also has the earliest-starting scheme.
-// (string_view's find looks for the first character with memchr or wmemchr,
-// far quicker than a string search on text that has none.)
+// (A wide text is searched with string_view's find, which looks for the first
+// character with wmemchr, far quicker than wcsstr on text that has none.)
 template <typename Char>
 const Char* FirstSchemeAddress(std::basic_string_view<Char> text) {
-  const std::basic_string_view<Char> separator = In<Char>(kSeparator);
-  for (size_t sep = text.find(separator); sep != text.npos; sep = text.find(separator, sep + 1))
+  for (size_t sep = Find(text, kSeparator, 0); sep != text.npos; sep = Find(text, kSeparator, sep + 1))
     if (const Char* start = SchemeBefore(text.data(), text.data() + sep)) return start;
   return nullptr;
 }
 
 template <typename Char>
 const Char* FirstWwwAddress(std::basic_string_view<Char> text) {
-  const std::basic_string_view<Char> www_literal = In<Char>(kWww);
-  const size_t at = text.find(www_literal);
+  const size_t at = Find(text, kWww, 0);
   if (at == text.npos) return nullptr;
   const Char* www = text.data() + at;
-  const Char* host = www + www_literal.size();
+  const Char* host = www + kWww.narrow.size();
   size_t length = 0;
   while (length < kMaxHost && IsHostChar(host[length])) ++length;
   if (length < kMinHost || std::basic_string_view<Char>(host, length).find(Char('.')) == text.npos)
