@@ -186,22 +186,56 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
 
 }  // namespace
 
+namespace {
+
+// The property stored at *at, checked, and *at moved past it; false when the
+// bytes are damaged there.
+bool NextStored(const BYTE* bytes, size_t size, size_t* at, StoredProp* prop) {
+  if (size - *at < kHeaderSize) return false;
+  std::memcpy(&prop->propid, bytes + *at, 4);
+  std::memcpy(&prop->size, bytes + *at + 4, 4);
+  *at += kHeaderSize;
+  const TypeInfo* info = FindType(prop->propid);
+  if (!info || prop->size > size - *at || !SizeFitsType(*info, prop->size)) return false;
+  prop->data = bytes + *at;
+  *at += prop->size;
+  return true;
+}
+
+}  // namespace
+
 bool ParseRecord(const BYTE* bytes, size_t size, std::vector<StoredProp>* out) {
   out->clear();
-  size_t at = 0;
-  while (at < size) {
-    if (size - at < kHeaderSize) return false;
-    StoredProp prop;
-    std::memcpy(&prop.propid, bytes + at, 4);
-    std::memcpy(&prop.size, bytes + at + 4, 4);
-    at += kHeaderSize;
-    const TypeInfo* info = FindType(prop.propid);
-    if (!info || prop.size > size - at || !SizeFitsType(*info, prop.size)) return false;
-    prop.data = bytes + at;
-    at += prop.size;
+  StoredProp prop;
+  for (size_t at = 0; at < size;) {
+    if (!NextStored(bytes, size, &at, &prop)) return false;
     out->push_back(prop);
   }
   return true;
+}
+
+bool MeasureRecord(const BYTE* bytes, size_t size, size_t* count, size_t* buffer_size) {
+  size_t props = 0;
+  size_t data = 0;
+  StoredProp prop;
+  for (size_t at = 0; at < size; ++props) {
+    if (!NextStored(bytes, size, &at, &prop)) return false;
+    data += DataSize(prop);
+  }
+  *count = props;
+  *buffer_size = AlignUp(props * sizeof(CEPROPVAL)) + data;
+  return true;
+}
+
+void FillEveryProp(const BYTE* bytes, size_t size, size_t count, BYTE* buffer) {
+  auto* values = reinterpret_cast<CEPROPVAL*>(buffer);
+  BYTE* cursor = buffer + AlignUp(count * sizeof(CEPROPVAL));
+  StoredProp prop;
+  size_t at = 0;
+  for (size_t i = 0; i < count && NextStored(bytes, size, &at, &prop); ++i) {
+    std::memset(&values[i], 0, sizeof values[i]);
+    FillValue(prop, &values[i], &cursor);
+  }
 }
 
 bool ApplyChanges(const std::vector<StoredProp>& old, const CEPROPVAL* changes, WORD count,
@@ -250,43 +284,26 @@ void SelectProps(const std::vector<StoredProp>& stored, const CEPROPID* ids, WOR
   }
 }
 
-namespace {
-
-const StoredProp* Selected(const StoredProp* prop) { return prop; }
-const StoredProp* Selected(const StoredProp& prop) { return &prop; }
-
-template <typename Props>
-size_t BufferSizeFor(const Props& props) {
-  size_t size = AlignUp(props.size() * sizeof(CEPROPVAL));
-  for (const auto& entry : props)
-    if (const StoredProp* prop = Selected(entry)) size += DataSize(*prop);
+size_t ReadBufferSize(const std::vector<const StoredProp*>& selected) {
+  size_t size = AlignUp(selected.size() * sizeof(CEPROPVAL));
+  for (const StoredProp* prop : selected)
+    if (prop) size += DataSize(*prop);
   return size;
 }
 
-template <typename Props>
-void Fill(const Props& props, const CEPROPID* ids, BYTE* buffer) {
+void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids, BYTE* buffer) {
   auto* values = reinterpret_cast<CEPROPVAL*>(buffer);
-  BYTE* cursor = buffer + AlignUp(props.size() * sizeof(CEPROPVAL));
-  for (size_t i = 0; i < props.size(); ++i) {
+  BYTE* cursor = buffer + AlignUp(selected.size() * sizeof(CEPROPVAL));
+  for (size_t i = 0; i < selected.size(); ++i) {
     CEPROPVAL& value = values[i];
     std::memset(&value, 0, sizeof value);
-    if (const StoredProp* prop = Selected(props[i])) {
-      FillValue(*prop, &value, &cursor);
+    if (selected[i]) {
+      FillValue(*selected[i], &value, &cursor);
     } else {
       value.propid = ids[i];
       value.wFlags = CEDB_PROPNOTFOUND;
     }
   }
 }
-
-}  // namespace
-
-size_t ReadBufferSize(const std::vector<const StoredProp*>& selected) { return BufferSizeFor(selected); }
-size_t ReadBufferSize(const std::vector<StoredProp>& every) { return BufferSizeFor(every); }
-
-void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids, BYTE* buffer) {
-  Fill(selected, ids, buffer);
-}
-void FillReadBuffer(const std::vector<StoredProp>& every, BYTE* buffer) { Fill(every, nullptr, buffer); }
 
 }  // namespace velmo::cedb

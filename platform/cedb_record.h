@@ -38,15 +38,19 @@ void SelectProps(const std::vector<StoredProp>& stored, const CEPROPID* ids, WOR
                  std::vector<const StoredProp*>* out);
 
 // Bytes the read buffer needs for the selected properties (the CEPROPVAL array
-// and the data behind it); the overloads on StoredProp are for a read of every
-// property, which needs no selection.
+// and the data behind it).
 size_t ReadBufferSize(const std::vector<const StoredProp*>& selected);
-size_t ReadBufferSize(const std::vector<StoredProp>& every);
 
 // Writes the selected properties into buffer (at least ReadBufferSize bytes); a
 // null entry of `ids` order comes out flagged CEDB_PROPNOTFOUND with requested id.
 void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids,
                     BYTE* buffer);
-void FillReadBuffer(const std::vector<StoredProp>& every, BYTE* buffer);
+
+// A read of every property, the common case, straight from the stored bytes
+// without a list between: MeasureRecord checks them as ParseRecord does (false
+// when damaged) and gives the number of properties and the read buffer's size;
+// FillEveryProp lays them out into buffer.
+bool MeasureRecord(const BYTE* bytes, size_t size, size_t* count, size_t* buffer_size);
+void FillEveryProp(const BYTE* bytes, size_t size, size_t count, BYTE* buffer);
 
 }  // namespace velmo::cedb

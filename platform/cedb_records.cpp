@@ -136,20 +136,24 @@ CEOID CeReadRecordProps(HANDLE db, DWORD flags, WORD* count, CEPROPID* ids, BYTE
     return 0;
   }
   bool advance = h->flags & CEDB_AUTOINCREMENT;
-  if (!ParseRecord(bytes, size, &h->parsed)) {
+  size_t props = 0;
+  size_t need = 0;
+  if (ids ? !ParseRecord(bytes, size, &h->parsed) : !MeasureRecord(bytes, size, &props, &need)) {
     if (advance) h->position = std::uint64_t{oid} + 1;  // a damaged record is passed over
     SetFailure(ERROR_INVALID_DATA, "The " + RecordName(oid) + " is damaged.");
     return 0;
   }
   if (ids) {
     SelectProps(h->parsed, ids, *count, &h->selected);
-    if (!ReadBufferFits(flags, buffer, buffer_size, ReadBufferSize(h->selected))) return 0;
-    FillReadBuffer(h->selected, ids, *buffer);
-  } else {
-    if (!ReadBufferFits(flags, buffer, buffer_size, ReadBufferSize(h->parsed))) return 0;
-    FillReadBuffer(h->parsed, *buffer);
+    props = h->selected.size();
+    need = ReadBufferSize(h->selected);
   }
-  *count = static_cast<WORD>(ids ? h->selected.size() : h->parsed.size());
+  if (!ReadBufferFits(flags, buffer, buffer_size, need)) return 0;
+  if (ids)
+    FillReadBuffer(h->selected, ids, *buffer);
+  else
+    FillEveryProp(bytes, size, props, *buffer);
+  *count = static_cast<WORD>(props);
   if (advance) h->position = std::uint64_t{oid} + 1;
   return oid;
 }
