@@ -66,23 +66,21 @@ TEST(LocaleInfo, ValuesOfRealLocales) {
 }
 
 TEST(LocaleInfo, NamesMarkersAndFirstDay) {
-  ScopedLocale locale("de_DE");
-  EXPECT_EQ(Info(LOCALE_SDAYNAME1), L"Montag");
-  EXPECT_EQ(Info(LOCALE_SDAYNAME1 + 6), L"Sonntag");
-  EXPECT_EQ(Info(LOCALE_SMONTHNAME1 + 2), L"März");
-  EXPECT_EQ(Info(LOCALE_SABBREVMONTHNAME1 + 11), L"Dez");
-  EXPECT_EQ(Info(LOCALE_IFIRSTDAYOFWEEK), L"0");
-  EXPECT_EQ(Info(LOCALE_SNAME), L"de-DE");
-  ScopedLocale us("en_US");
-  EXPECT_EQ(Info(LOCALE_S1159), L"AM");
-  EXPECT_EQ(Info(LOCALE_S2359), L"PM");
-  EXPECT_EQ(Info(LOCALE_IFIRSTDAYOFWEEK), L"6");
-  EXPECT_EQ(Info(LOCALE_ITIMEMARKPOSN), L"0");
+  struct Case { const char* locale; LCTYPE type; const wchar_t* value; } const cases[] = {
+      {"de_DE", LOCALE_SDAYNAME1, L"Montag"},          {"de_DE", LOCALE_SDAYNAME1 + 6, L"Sonntag"},
+      {"de_DE", LOCALE_SMONTHNAME1 + 2, L"März"},      {"de_DE", LOCALE_SABBREVMONTHNAME1 + 11, L"Dez"},
+      {"de_DE", LOCALE_IFIRSTDAYOFWEEK, L"0"},         {"de_DE", LOCALE_SNAME, L"de-DE"},
+      {"en_US", LOCALE_S1159, L"AM"},                  {"en_US", LOCALE_S2359, L"PM"},
+      {"en_US", LOCALE_IFIRSTDAYOFWEEK, L"6"},         {"en_US", LOCALE_ITIMEMARKPOSN, L"0"},
+      {"ko_KR", LOCALE_ITIMEMARKPOSN, L"1"},           {"ko_KR", LOCALE_S1159, L"오전"},
+  };
+  for (const Case& c : cases) {
+    ScopedLocale locale(c.locale);
+    EXPECT_EQ(Info(c.type), c.value) << c.locale << " type " << c.type;
+  }
   // Another locale by its identifier, whatever the program's locale is.
+  ScopedLocale us("en_US");
   EXPECT_EQ(Info(LOCALE_SSHORTDATE, 0x407), L"dd.MM.yy");
-  ScopedLocale korean("ko_KR");
-  EXPECT_EQ(Info(LOCALE_ITIMEMARKPOSN), L"1");
-  EXPECT_EQ(Info(LOCALE_S1159), L"오전");
 }
 
 TEST(LocaleInfo, BufferSizesAndErrors) {
