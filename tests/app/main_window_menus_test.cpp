@@ -1,6 +1,4 @@
-#include "app/menus.h"
 #include "platform/ui/menu.h"
-#include "platform/ui/virtual_keys.h"
 #include "res/command_ids.h"
 #include "tests/app/main_window_fixture.h"
 

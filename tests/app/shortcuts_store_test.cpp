@@ -2,11 +2,9 @@
 
 #include <filesystem>
 
-#include "app/shortcut_actions.h"
 #include "app/shortcut_apps.h"
 #include "app/shortcut_store.h"
 #include "platform/registry.h"
-#include "settings/registry_io.h"
 #include "tests/app/child_process.h"
 #include "tests/settings/settings_fixture.h"
 

@@ -8,7 +8,6 @@
 #include "list/draw_fields.h"
 #include "list/draw_notes.h"
 #include "list/draw_row.h"
-#include "platform/clock.h"
 #include "platform/ui/colours.h"
 #include "platform/ui/gdi.h"
 #include "platform/ui/list_view.h"

@@ -3,10 +3,7 @@
 // view uses.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "list/list_state.h"
-#include "list/sort_compare.h"
 #include "list/sort_rows.h"
 #include "list/view_ids.h"
 #include "tests/list/list_fixture.h"

@@ -1,6 +1,5 @@
 // User notifications: made, replaced, read back into the caller's buffer,
 // listed and cleared, in the notifications file of the device.
-#include <cstring>
 #include <string>
 #include <vector>
 

@@ -1,7 +1,5 @@
 // velmo reg export / import through the real binary, and several processes
 // writing one registry at once.
-#include <sys/wait.h>
-
 #include <string>
 
 #include "platform/device.h"

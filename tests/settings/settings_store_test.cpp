@@ -5,7 +5,6 @@
 
 #include "platform/device.h"
 #include "platform/notify.h"
-#include "res/strings.h"
 #include "tests/settings/settings_fixture.h"
 
 namespace velmo {

@@ -1,6 +1,5 @@
 #include <unistd.h>
 
-#include "platform/ui/virtual_keys.h"
 #include "tests/ui/ui_fixture.h"
 
 namespace velmo::testing {
