@@ -233,9 +233,8 @@ TEST_F(DrawRowTest, OwnerDrawnListWithItsGradientAndEmptyText) {
   handlers_[WM_DRAWITEM] = [&](HWND, UINT, WPARAM, LPARAM l, bool*) -> LRESULT {
     return DrawTaskItem(reinterpret_cast<DRAWITEMSTRUCT*>(l), t);
   };
-  HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"No matches for this filter",
-                              WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDRAWFIXED, 0, 0, 60, 10,
-                              main_, nullptr, nullptr, nullptr);
+  HWND list = MakeChild(main_, 0, 0, 0, 60, 10, WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDRAWFIXED,
+                        L"No matches for this filter");
   ASSERT_TRUE(InstallListBackground(list));
   Pump();
   EXPECT_TRUE(screen_.Contains(L"No matches for this filter"));

@@ -70,8 +70,7 @@ class QuickEntryBoxTest : public UiTest {
     };
     main_ = MakeMain();
     Store().window = main_;
-    list_ = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 40, 8, main_,
-                            nullptr, nullptr, nullptr);
+    list_ = MakeChild(main_, 0, 0, 0, 40, 8, WC_LISTVIEWW);
     box_ = CreateQuickEntryBox(main_, 7, list_, RECT{0, 9, 40, 10});
     SetFocus(list_);
   }
