@@ -8,10 +8,7 @@
 namespace velmo {
 namespace {
 
-struct FindCase {
-  std::wstring text;
-  std::wstring found;  // empty: none
-};
+struct FindCase { std::wstring text; std::wstring found; };  // found empty: none
 
 std::wstring EmailIn(const std::wstring& text) {
   EmailAddress address;

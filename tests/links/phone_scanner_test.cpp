@@ -8,10 +8,7 @@
 namespace velmo {
 namespace {
 
-struct PhoneCase {
-  const wchar_t* text;
-  const wchar_t* number;  // empty: none found
-};
+struct PhoneCase { const wchar_t* text; const wchar_t* number; };  // number empty: none found
 
 void ExpectNumbers(const PhoneCase* begin, const PhoneCase* end) {
   for (const PhoneCase* c = begin; c != end; ++c) {

@@ -7,13 +7,8 @@
 namespace velmo {
 namespace {
 
-struct LinksCase {
-  const wchar_t* subject;
-  const wchar_t* notes;  // null: the record has no notes
-  const wchar_t* phone;
-  LONG web;
-  LONG mail;
-};
+// Null notes: the record has none.
+struct LinksCase { const wchar_t* subject; const wchar_t* notes; const wchar_t* phone; LONG web, mail; };
 
 TEST(FillTaskLinks, SubjectNumberFirstAddressesFromEither) {
   const LinksCase cases[] = {

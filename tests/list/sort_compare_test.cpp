@@ -20,12 +20,7 @@ class SortCompare : public ::testing::Test {
   locale::ScopedLocale locale_{"en_US"};
 };
 
-struct Pair {
-  const char* name;
-  SHORT key;
-  Task lesser;   // the task an ascending order puts first
-  Task greater;
-};
+struct Pair { const char* name; SHORT key; Task lesser, greater; };  // ascending puts `lesser` first
 
 // Every key with two present values: ascending puts `lesser` first, descending
 // `greater`, and none-last behaves as ascending.
@@ -57,12 +52,7 @@ TEST_F(SortCompare, PresentValuesInEachDirection) {
   }
 }
 
-struct Missing {
-  const char* name;
-  SHORT key;
-  Task without;  // lacks the key's value
-  Task with;
-};
+struct Missing { const char* name; SHORT key; Task without, with; };  // `without` lacks the value
 
 // The task without a value: first ascending, last descending and none-last;
 // two tasks without one are equal.

@@ -12,11 +12,8 @@ namespace {
 
 using RecordTest = CedbTest;
 
-struct TypeCase {
-  const char* name;
-  CEPROPVAL value;
-  const wchar_t* expected_text;  // strings: what reads back (null: the same text)
-};
+// expected_text: what a string reads back as (null: the same text).
+struct TypeCase { const char* name; CEPROPVAL value; const wchar_t* expected_text; };
 
 CEPROPVAL Value(WORD type, void (*set)(CEVALUNION*)) {
   CEPROPVAL v{};

@@ -10,13 +10,8 @@ namespace {
 
 using namespace velmo::poom;
 
-struct CountCase {
-  const char* name;
-  RecurrencePattern pattern;
-  LONG count;
-  DATE after;  // NextOccurrenceAfter(after) should be `next`
-  DATE next;
-};
+// NextOccurrenceAfter(after) should be `next`.
+struct CountCase { const char* name; RecurrencePattern pattern; LONG count; DATE after; DATE next; };
 
 TEST(PoomRecurrenceTest, OccurrencesAreCountedAndFound) {
   const DATE jan1 = MakeDate(2025, 1, 1);  // a Wednesday

@@ -10,16 +10,12 @@ namespace {
 using testing::SettingsTest;
 
 struct Stored {
-  DWORD major, minor;
-  DWORD today_font, normal_font;
-  DWORD infos, infos_compressed;
-  DWORD highlight_text_color, highlight_color;
+  DWORD major, minor, today_font, normal_font, infos, infos_compressed, highlight_text_color,
+      highlight_color;
 };
 struct Loaded {
   int result;
-  DWORD today_font, normal_font;
-  DWORD infos, infos_compressed;
-  DWORD highlight_text_color, highlight_color;
+  DWORD today_font, normal_font, infos, infos_compressed, highlight_text_color, highlight_color;
 };
 struct Case { const char* what; Stored stored; Loaded loaded; };
 

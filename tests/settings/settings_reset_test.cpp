@@ -30,13 +30,9 @@ TEST_F(SettingsTest, EmptyTextsAreFilledFromTheStringTableAndSavedWithOneTermina
   EXPECT_TRUE(one_text.txt[0].empty());
 }
 
-struct GroupCase {
-  const char* what;
-  DWORD group;
-  void (*change)(Settings&);      // a setting inside the group
-  bool (*is_default)(const Settings&);
-  DWORD effects;
-};
+// change: a setting inside the group.
+struct GroupCase { const char* what; DWORD group; void (*change)(Settings&);
+                   bool (*is_default)(const Settings&); DWORD effects; };
 
 const GroupCase kGroups[] = {
     {"Options", kResetOptions, [](Settings& s) { s.call_insert_mode = 0; s.exit_menu = 1; },
