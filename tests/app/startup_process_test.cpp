@@ -159,8 +159,7 @@ TEST_F(StartupProcessTest, UnusableDeviceRootIsNamed) {
   ChildProcess start(VELMO_TODO_BIN, {}, {"VELMO_ROOT=" + file + "/root"});
   start.CloseInput();
   EXPECT_EQ(start.Wait(), 1);
-  EXPECT_NE(start.error_output().find(file + "/root"), std::string::npos)
-      << start.error_output();
+  EXPECT_NE(start.error_output().find(file + "/root"), std::string::npos) << start.error_output();
 }
 
 }  // namespace

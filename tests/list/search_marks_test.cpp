@@ -51,8 +51,7 @@ TEST_F(SearchMarksTest, MarksBySwitchesAndOnlyInTheSearchView) {
 
   SetView(kViewAllTasks);
   EXPECT_EQ(0u, RecordSearchMarks(L"call", "call"));
-  EXPECT_EQ(kSearchMatchNotes | kSearchMatchSubject,
-            SearchMarks(L"call", L"call", CurrentSettings()));
+  EXPECT_EQ(kSearchMatchNotes | kSearchMatchSubject, SearchMarks(L"call", L"call", CurrentSettings()));
 }
 
 }  // namespace

@@ -128,8 +128,7 @@ TEST_F(SortRowsTest, SortRowsKeepsTheOrderOfEqualRowsAndSurvivesUnknownKeys) {
   SortRows(rows);
   std::vector<std::wstring> subjects;
   for (const Task* t : rows) subjects.push_back(t->subject);
-  EXPECT_EQ((std::vector<std::wstring>{L"high", L"normal", L"first low", L"second low"}),
-            subjects);
+  EXPECT_EQ((std::vector<std::wstring>{L"high", L"normal", L"first low", L"second low"}), subjects);
 
   SetAllRecords({{{77, 9}, {65535, 0}, {12, 12}}});  // a record of nonsense: no order at all
   std::vector<const Task*> unchanged = rows;

@@ -103,8 +103,7 @@ TEST_F(ViewCommandsTest, DefaultViewTakesTheDefaultFilterInItsOwnSpelling) {
   s.selected_view = kViewActive;
   s.filter_categories = L"work, Home";
   const DWORD effects = RunViewCommand(kCmdDefaultView, nullptr);
-  EXPECT_EQ(kViewEffectRebuildList | kViewEffectRebuildFilterMenu | kViewEffectMenuMarks,
-            effects);
+  EXPECT_EQ(kViewEffectRebuildList | kViewEffectRebuildFilterMenu | kViewEffectMenuMarks, effects);
   EXPECT_EQ(kViewActive, CurrentView());
   EXPECT_EQ(L"Home,work", CurrentFilterText());
   EXPECT_EQ(2, CategoryFilterList().count());
@@ -157,8 +156,7 @@ TEST_F(ViewCommandsTest, SetAsDefaultSavesViewAndFilterButNeverASearch) {
 TEST_F(ViewCommandsTest, SearchKeepsItsTextAndSwitches) {
   CurrentListState().primary = {9, 9};
   const DWORD effects = ApplySearch({std::wstring(130, L'a'), false, true, true});
-  EXPECT_EQ(kViewEffectRebuildFilterMenu | kViewEffectReloadTasks | kViewEffectMenuMarks,
-            effects);
+  EXPECT_EQ(kViewEffectRebuildFilterMenu | kViewEffectReloadTasks | kViewEffectMenuMarks, effects);
   const Settings& s = CurrentSettings();
   EXPECT_EQ(std::wstring(100, L'a'), s.search);
   EXPECT_FALSE(s.search_subjects);

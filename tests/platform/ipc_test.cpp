@@ -51,8 +51,7 @@ class IpcTest : public testing::DeviceTest {
   void SendRaw(const Listener& listener, const std::vector<BYTE>& bytes) {
     const int fd = ConnectTo(listener.socket_path());
     ASSERT_GE(fd, 0);
-    ASSERT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL),
-              static_cast<ssize_t>(bytes.size()));
+    ASSERT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL), static_cast<ssize_t>(bytes.size()));
     close(fd);
   }
 

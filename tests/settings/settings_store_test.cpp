@@ -169,8 +169,7 @@ TEST_F(SettingsTest, AMovedProgramReRegistersAndRewritesPath) {
   Settings s;
   EXPECT_EQ(1, LoadSettings(s));
   EXPECT_EQ(L"/home/user/bin/velmo-todo", s.path);
-  EXPECT_EQ((std::vector<std::wstring>{kProgram, L"/home/user/bin/velmo-todo"}),
-            RegisteredAfterSync());
+  EXPECT_EQ((std::vector<std::wstring>{kProgram, L"/home/user/bin/velmo-todo"}), RegisteredAfterSync());
   ASSERT_EQ(ERROR_SUCCESS, SaveSettings(s, true));
   const registry::RawValue path = Stored(L"Path");
   EXPECT_EQ(REG_SZ, path.type);
