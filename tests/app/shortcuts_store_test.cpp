@@ -84,8 +84,7 @@ TEST_F(ShortcutsStoreTest, AppCommandStartsTheLaunchCommandSetForIt) {
   RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Velmo ToDo\\Applications", 0, nullptr, 0,
                   KEY_ALL_ACCESS, nullptr, &key, nullptr);
   const wchar_t program[] = L"velmo-no-such-program";
-  RegSetValueExW(key, L"Contacts", 0, REG_SZ, reinterpret_cast<const BYTE*>(program),
-                 sizeof program);
+  RegSetValueExW(key, L"Contacts", 0, REG_SZ, reinterpret_cast<const BYTE*>(program), sizeof program);
   RegCloseKey(key);
   EXPECT_EQ(ReadLaunchCommand(L"Contacts"), std::vector<std::wstring>{program});
   EXPECT_FALSE(StartAppShortcut(39975));

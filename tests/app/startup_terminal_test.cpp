@@ -19,8 +19,7 @@ TEST_F(StartupTerminalTest, ForeignStringTableShowsAMessageBox) {
   velmo::testing::TmuxSession tmux(
       std::string(VELMO_TODO_BIN) + " 2>/dev/null; echo exit=$?; sleep 30",
       {"VELMO_ROOT=" + root().string(), "XDG_RUNTIME_DIR=" + root().string(),
-       "VELMO_LANGUAGE_FILE=" + table},
-      60, 16);
+       "VELMO_LANGUAGE_FILE=" + table}, 60, 16);
   ASSERT_TRUE(tmux.WaitFor("Restart the device or Reinstall")) << tmux.Screen();
   EXPECT_NE(tmux.Screen().find("Velmo ToDo List"), std::string::npos) << tmux.Screen();
   tmux.Keys({"Enter"});

@@ -48,8 +48,7 @@ TEST_F(ListOutputTest, ViewListingIsTheTitleThenTheRowsInOrder) {
   EXPECT_EQ(
       "Overdue [2] Work\n"
       "1000\tlater\t\t2024-05-14\t\t\tnormal\tWork\n"
-      "1002\tolder\t\t2024-05-10\t\t\tnormal\twork\n",
-      cli::ViewListing(table, Day(0, 12)));
+      "1002\tolder\t\t2024-05-10\t\t\tnormal\twork\n", cli::ViewListing(table, Day(0, 12)));
   SetCategoryFilter(L"Garden");
   EXPECT_EQ("Overdue [0] Garden\n", cli::ViewListing(table, Day(0, 12)));
 }
@@ -76,8 +75,7 @@ TEST(ListViewArgs, GoodAndBad) {
     for (const char* a : c.argv) argv.push_back(const_cast<char*>(a));
     cli::ListViewArgs args;
     std::string error;
-    const bool ok =
-        cli::ParseListViewArgs(static_cast<int>(argv.size()), argv.data(), &args, &error);
+    const bool ok = cli::ParseListViewArgs(static_cast<int>(argv.size()), argv.data(), &args, &error);
     ASSERT_EQ(c.ok, ok) << (c.argv.empty() ? "" : c.argv[0]) << " " << error;
     if (ok) {
       EXPECT_EQ(c.view, args.view);

@@ -45,8 +45,7 @@ TEST_F(ListViewCommandTest, OverdueAsTheProgramShowsIt) {
   EXPECT_EQ("Overdue [3] \n" +
                 tyres_ + "\tBuy tyres\t\t2031-03-09\t2031-03-09T09:30\t\thigh\tCar,Errands\n" +
                 call_ + "\tCall Anna\t\t2031-03-09\t\t\tnormal\tWork\n" +
-                report_ + "\tReport\t2031-03-01\t2031-03-05\t\t\tnormal\twork\n",
-            out);
+                report_ + "\tReport\t2031-03-01\t2031-03-05\t\t\tnormal\twork\n", out);
   ASSERT_EQ(0, Velmo({"list", "overdue", "--at", "2031-03-10", "--filter", "WORK"}, &out));
   EXPECT_EQ(0u, out.find("Overdue [2] WORK\n" + call_ + "\t")) << out;
 }
@@ -62,8 +61,7 @@ TEST_F(ListViewCommandTest, TheDevicesSettingsAreInForce) {
   std::string out;
   ASSERT_EQ(0, Velmo({"list", "next", "--at", "2031-03-08T23:00"}, &out));
   EXPECT_EQ("Tomorrow [1] Car\n" + tyres_ + "\tBuy tyres\t\t2031-03-09\t2031-03-09T09:30\t\thigh\t"
-            "Car,Errands\n",
-            out);
+            "Car,Errands\n", out);
   ASSERT_EQ(0, Velmo({"list", "next", "--at", "2031-03-08T23:00", "--filter", ""}, &out));
   EXPECT_EQ(0u, out.find("Tomorrow [2] \n" + call_ + "\tCall Anna\t")) << out;
   EXPECT_NE(std::string::npos, out.find("\n" + tyres_ + "\tBuy tyres\t")) << out;

@@ -91,8 +91,7 @@ TEST_F(EndToEndTest, ANewUsersFirstSession) {
   ASSERT_NE(welcome, "");
   EXPECT_EQ(CommandOutput(std::string("XDG_RUNTIME_DIR='") + run_ + "' VELMO_ROOT='" +
                           root().string() + "' " + VELMO_TODO_BIN + " " + welcome +
-                          " </dev/null; echo $?"),
-            "0\n");
+                          " </dev/null; echo $?"), "0\n");
   ASSERT_TRUE(tmux.WaitFor("Tasks [3]")) << "the default view, to show the task";
   const std::string screen = tmux.Screen(true);
   EXPECT_NE(Background(screen, "Velmo ToDo List"), Background(screen, "Call Ann"))

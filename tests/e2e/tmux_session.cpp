@@ -32,8 +32,7 @@ TmuxSession::TmuxSession(const std::string& command, const std::vector<std::stri
                          int width, int height) {
   static std::atomic<int> count{0};
   socket_ = "velmo-e2e-" + std::to_string(getpid()) + "-" + std::to_string(count++);
-  std::string args = "new-session -d -x " + std::to_string(width) + " -y " +
-                     std::to_string(height);
+  std::string args = "new-session -d -x " + std::to_string(width) + " -y " + std::to_string(height);
   for (const std::string& e : env) args += " -e " + Quote(e);
   Tmux(args + " " + Quote(command));
 }

@@ -99,8 +99,7 @@ TEST_F(RecordTest, EveryTypeReadsBackAsWritten) {
 TEST_F(RecordTest, ChangesReplaceInPlaceAddAtTheEndAndDelete) {
   CEOID oid = Write(0, {PropI2(1, 10), PropString(2, L"subject"), PropI4(3, 30)});
   ASSERT_EQ(Write(oid, {PropString(2, L"changed"), PropI4(4, 40), PropDelete(PROPID(1, CEVT_I2)),
-                        PropDelete(PROPID(9, CEVT_I2))}),
-            oid);
+                        PropDelete(PROPID(9, CEVT_I2))}), oid);
   std::vector<CEPROPVAL> props;
   ASSERT_EQ(CeSeekDatabase(db_, CEDB_SEEK_CEOID, oid, nullptr), oid);
   ASSERT_EQ(Read(&props), oid);

@@ -165,8 +165,7 @@ TEST_F(LockedVolumeTest, AnExclusiveHolderMakesMountingFail) {
   CeUnmountDBVol(&volume_);
   std::string before = ReadFileBytes(VolumeFile());
   ASSERT_EQ(sqlite3_exec(other_, "PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE; DELETE FROM changes",
-                         nullptr, nullptr, nullptr),
-            SQLITE_OK);
+                         nullptr, nullptr, nullptr), SQLITE_OK);
   CEGUID guid;
   EXPECT_FALSE(CeMountDBVol(&guid, kTestVolume, OPEN_EXISTING));
   EXPECT_EQ(GetLastError(), ERROR_LOCK_VIOLATION);

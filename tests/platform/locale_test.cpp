@@ -92,8 +92,7 @@ TEST(LocaleInfo, BufferSizesAndErrors) {
   EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
   wchar_t exact[7];
   EXPECT_EQ(GetLocaleInfoW(LOCALE_USER_DEFAULT | 0, LOCALE_SSHORTDATE | LOCALE_NOUSEROVERRIDE,
-                           exact, 7),
-            7);
+                           exact, 7), 7);
   EXPECT_STREQ(exact, L"M/d/yy");
   EXPECT_EQ(GetLocaleInfoW(LOCALE_USER_DEFAULT, 9999, exact, 7), 0);
   EXPECT_EQ(GetLastError(), ERROR_INVALID_FLAGS);

@@ -120,8 +120,7 @@ TEST_F(PoomTest, SaveWritesOnlyWhatChanged) {
   Ref<ITask> item{Item(oid)};
   // Written straight into the record after the item was read.
   ASSERT_EQ(WriteRaw(oid, {RawText(kPropCategories, L"Direct"), RawI4(kPropNotificationHandle, 42),
-                           RawI4(0x7777'0003, 5)}),
-            oid);
+                           RawI4(0x7777'0003, 5)}), oid);
   item->put_Subject(L"After");
   ASSERT_EQ(item->Save(), S_OK);
   auto raw = Raw(oid);

@@ -61,8 +61,7 @@ TEST(RegText, ReportsEveryMalformedLineWithItsNumberAndKeepsNothing) {
     std::vector<registry::RawKey> keys;
     std::vector<RegTextError> errors;
     EXPECT_FALSE(ParseRegText("Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\T]\n" +
-                                  c.body,
-                              &keys, &errors));
+                                  c.body, &keys, &errors));
     ASSERT_EQ(1u, errors.size());
     EXPECT_EQ(c.line, errors[0].line);
     EXPECT_TRUE(keys.empty());
@@ -92,8 +91,7 @@ TEST(RegText, WritesTextOnlyWhenItComesBackTheSame) {
             "\"Newline\"=hex(1):0a,00,00,00\n"
             "\"LoneSurrogate\"=hex(1):3d,d8,00,00\n"
             "\"ShortDword\"=hex(4):01,00\n"
-            "\"Dword\"=dword:000001e0\n\n",
-            FormatRegText(keys));
+            "\"Dword\"=dword:000001e0\n\n", FormatRegText(keys));
 }
 
 }  // namespace

@@ -53,8 +53,7 @@ class SettingsTest : public DeviceTest {
   // The values as stored, in stored order.
   static std::vector<registry::RawValue> Stored() {
     std::vector<registry::RawKey> keys;
-    EXPECT_EQ(ERROR_SUCCESS,
-              registry::ExportTree(L"HKEY_CURRENT_USER\\Software\\Velmo ToDo", &keys));
+    EXPECT_EQ(ERROR_SUCCESS, registry::ExportTree(L"HKEY_CURRENT_USER\\Software\\Velmo ToDo", &keys));
     return keys.empty() ? std::vector<registry::RawValue>{} : keys[0].values;
   }
   static registry::RawValue Stored(const std::wstring& name) {

@@ -12,8 +12,7 @@ TEST_F(DesktopTest, ResizeMovesTheWindowsAndTheBarAndRedraws) {
   SOFTKEY left{L"New", 1, nullptr};
   SOFTKEY right{L"Menu", 2, nullptr};
   CreateSoftKeyBar(main, &left, &right);
-  HWND box = CreateWindowExW(0, kClass, L"", WS_VISIBLE, 5, 4, 10, 3, main, nullptr, nullptr,
-                             nullptr);
+  HWND box = CreateWindowExW(0, kClass, L"", WS_VISIBLE, 5, 4, 10, 3, main, nullptr, nullptr, nullptr);
   Pump();
   received_.clear();
   screen_.Resize(60, 20);

@@ -50,8 +50,7 @@ TEST_F(MessageBoxTest, BoxShowsCaptionSignWrappedTextAndSoftKeys) {
     screen_.TypeKey(VK_TSOFT2);
   });
   EXPECT_EQ(MessageBoxW(main_, L"Are you sure you want to permanently delete this task?",
-                        L"Velmo ToDo List", MB_YESNO | MB_ICONQUESTION),
-            IDNO);
+                        L"Velmo ToDo List", MB_YESNO | MB_ICONQUESTION), IDNO);
   Pump();
   EXPECT_FALSE(screen_.Contains(L"permanently"));
 }

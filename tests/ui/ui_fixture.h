@@ -47,8 +47,7 @@ class UiTest : public ::testing::Test {
   HWND MakeChild(HWND parent, int id, int x = 0, int y = 0, int w = 10, int h = 1,
                  LPCWSTR cls = kClass, DWORD style = 0, LPCWSTR text = L"") {
     return CreateWindowExW(0, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, w, h, parent,
-                           reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id)), nullptr,
-                           nullptr);
+                           reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id)), nullptr, nullptr);
   }
 
   // Handles every message waiting; fails the test when WM_QUIT comes instead.

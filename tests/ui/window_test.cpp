@@ -34,8 +34,7 @@ TEST_F(WindowTest, RefusedCreationLeavesNoWindow) {
   EXPECT_EQ(MakeMain(), nullptr);
   EXPECT_EQ(GetActiveWindow(), nullptr);
   EXPECT_EQ(CreateWindowExW(0, L"NoSuchClass", L"", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr,
-                            nullptr),
-            nullptr);
+                            nullptr), nullptr);
 }
 
 TEST_F(WindowTest, DestroyGoesToOwnedWindowsThenChildren) {
