@@ -80,11 +80,6 @@ class QuickEntryBoxTest : public UiTest {
     LogOffObjectModel();
     CloseConnection();
   }
-  std::wstring BoxText() const {
-    wchar_t buffer[64] = {};
-    GetWindowTextW(box_, buffer, 64);
-    return buffer;
-  }
   void Type(std::wstring_view text, std::initializer_list<UINT> keys) {
     screen_.TypeText(text);
     for (UINT vk : keys) screen_.TypeKey(vk);
@@ -109,10 +104,10 @@ class QuickEntryBoxTest : public UiTest {
 };
 
 TEST_F(QuickEntryBoxTest, FocusEntersAndEmptyBoxKeysLeave) {
-  EXPECT_EQ(BoxText(), L"Enter new task here");
+  EXPECT_EQ(TextOf(box_), L"Enter new task here");
   SetFocus(box_);
   EXPECT_TRUE(CurrentQuickEntry().active);
-  EXPECT_EQ(BoxText(), L"");
+  EXPECT_EQ(TextOf(box_), L"");
   EXPECT_FALSE(IsWindowEnabled(list_));
   Type(L"", {VK_UP, VK_RETURN, VK_TTALK});  // "NoEndScroll" 0: Up does nothing
   EXPECT_TRUE(CurrentQuickEntry().active);
@@ -121,7 +116,7 @@ TEST_F(QuickEntryBoxTest, FocusEntersAndEmptyBoxKeysLeave) {
   EXPECT_EQ(BoxCommands(), (std::vector<UINT>{kCmdQuickEntryEnter, 40092, kCmdFirstTask}));
   EXPECT_EQ(GetFocus(), list_);
   EXPECT_TRUE(IsWindowEnabled(list_));
-  EXPECT_EQ(BoxText(), L"Enter new task here");
+  EXPECT_EQ(TextOf(box_), L"Enter new task here");
 
   CurrentSettings().no_end_scroll = 1;
   SetFocus(box_);
@@ -131,7 +126,7 @@ TEST_F(QuickEntryBoxTest, FocusEntersAndEmptyBoxKeysLeave) {
   SetFocus(box_);
   Type(L"ab", {});
   QuickEntryBackKey(box_);
-  EXPECT_EQ(BoxText(), L"a");
+  EXPECT_EQ(TextOf(box_), L"a");
   QuickEntryBackKey(box_);
   QuickEntryBackKey(box_);
   EXPECT_FALSE(CurrentQuickEntry().active);

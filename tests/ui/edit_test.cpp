@@ -16,11 +16,6 @@ class EditTest : public UiTest {
     edit_ = MakeChild(main_, kEditId, 2, 3, 10, 1, WC_EDITW);
     SetFocus(edit_);
   }
-  std::wstring Text() const {
-    wchar_t buffer[64];
-    GetWindowTextW(edit_, buffer, 64);
-    return buffer;
-  }
   // How many notifications of the code the parent received.
   int Notified(WORD code) const {
     int n = 0;
@@ -50,7 +45,7 @@ TEST_F(EditTest, TypingBackspaceAndCaretKeys) {
       screen_.TypeKey(s.vk);
     }
     Pump();
-    EXPECT_EQ(Text(), s.text);
+    EXPECT_EQ(TextOf(edit_), s.text);
   }
   EXPECT_EQ(Notified(EN_CHANGE), 8 + 1 + 1 + 1 + 2);
 }
@@ -77,25 +72,25 @@ TEST_F(EditTest, SelectionIsReplacedByTypingAndTextIsLimited) {
   EXPECT_EQ(to, 8u);
   screen_.TypeText(L"new");
   Pump();
-  EXPECT_EQ(Text(), L"new");
+  EXPECT_EQ(TextOf(edit_), L"new");
   SendMessageW(edit_, EM_LIMITTEXT, 5, 0);
   screen_.TypeText(L"est");
   Pump();
-  EXPECT_EQ(Text(), L"newes");
+  EXPECT_EQ(TextOf(edit_), L"newes");
   EXPECT_GT(Notified(EN_MAXTEXT), 0);
 }
 
 TEST_F(EditTest, WideCharactersTakeTwoCells) {
   screen_.TypeText(L"日本x");
   Pump();
-  EXPECT_EQ(Text(), L"日本x");
+  EXPECT_EQ(TextOf(edit_), L"日本x");
   EXPECT_EQ(screen_.Row(4).substr(2, 4), L"日本x ");
   EXPECT_EQ(screen_.at(3, 4).ch, 0) << "right half of the first character";
   EXPECT_EQ(screen_.cursor().x, 2 + 5);
   screen_.TypeBackspace();
   screen_.TypeBackspace();
   Pump();
-  EXPECT_EQ(Text(), L"日");
+  EXPECT_EQ(TextOf(edit_), L"日");
 }
 
 }  // namespace

@@ -92,9 +92,7 @@ TEST_F(KeysTest, BackspaceDeletesInATextFieldAndIsTheBackKeyElsewhere) {
   SetFocus(edit);
   screen_.TypeBackspace();
   Pump();
-  wchar_t text[8];
-  GetWindowTextW(edit, text, 8);
-  EXPECT_STREQ(text, L"a");
+  EXPECT_EQ(TextOf(edit), L"a");
 }
 
 TEST_F(KeysTest, SoftKeysGoToTheBarWhichSendsOrOpens) {

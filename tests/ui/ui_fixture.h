@@ -50,6 +50,13 @@ class UiTest : public ::testing::Test {
                            reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id)), nullptr, nullptr);
   }
 
+  // A window's text (up to 127 characters).
+  static std::wstring TextOf(HWND hwnd) {
+    wchar_t buffer[128] = {};
+    GetWindowTextW(hwnd, buffer, 128);
+    return buffer;
+  }
+
   // Handles every message waiting; fails the test when WM_QUIT comes instead.
   void Pump() { EXPECT_TRUE(ui::PumpMessages()) << "unexpected WM_QUIT"; }
 
