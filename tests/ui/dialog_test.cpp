@@ -24,12 +24,6 @@ const DLGTEMPLATEW kTemplate{L"Edit Task", 0, 0, 0, kItems, 4};
 struct Outcome { std::wstring subject; std::wstring notes; int answer = 0; };
 Outcome* g_outcome = nullptr;
 
-std::wstring ItemText(HWND dialog, int id) {
-  wchar_t buffer[64] = {};
-  GetDlgItemTextW(dialog, id, buffer, 64);
-  return buffer;
-}
-
 INT_PTR EditTaskProc(HWND dialog, UINT msg, WPARAM wparam, LPARAM lparam) {
   switch (msg) {
     case WM_INITDIALOG: {
@@ -41,8 +35,8 @@ INT_PTR EditTaskProc(HWND dialog, UINT msg, WPARAM wparam, LPARAM lparam) {
     }
     case WM_COMMAND:
       if (LOWORD(wparam) == IDOK) {
-        g_outcome->subject = ItemText(dialog, kSubject);
-        g_outcome->notes = ItemText(dialog, kNotes);
+        g_outcome->subject = TextOf(GetDlgItem(dialog, kSubject));
+        g_outcome->notes = TextOf(GetDlgItem(dialog, kNotes));
         EndDialog(dialog, 42);
       } else if (LOWORD(wparam) == IDCANCEL) {
         EndDialog(dialog, IDCANCEL);

@@ -23,6 +23,13 @@ constexpr UINT kNoted[] = {WM_CREATE,  WM_DESTROY,  WM_NCDESTROY, WM_SIZE,    WM
                            WM_KILLFOCUS, WM_KEYDOWN, WM_CHAR,     WM_COMMAND, WM_TIMER,
                            WM_HOTKEY,  WM_COPYDATA, WM_INITMENUPOPUP, WM_NOTIFY, WM_ACTIVATE};
 
+// A window's text (up to 127 characters).
+inline std::wstring TextOf(HWND hwnd) {
+  wchar_t buffer[128] = {};
+  GetWindowTextW(hwnd, buffer, 128);
+  return buffer;
+}
+
 class UiTest : public ::testing::Test {
  protected:
   static constexpr wchar_t kClass[] = L"TestWindow";
@@ -48,13 +55,6 @@ class UiTest : public ::testing::Test {
                  LPCWSTR cls = kClass, DWORD style = 0, LPCWSTR text = L"") {
     return CreateWindowExW(0, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, w, h, parent,
                            reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id)), nullptr, nullptr);
-  }
-
-  // A window's text (up to 127 characters).
-  static std::wstring TextOf(HWND hwnd) {
-    wchar_t buffer[128] = {};
-    GetWindowTextW(hwnd, buffer, 128);
-    return buffer;
   }
 
   // Handles every message waiting; fails the test when WM_QUIT comes instead.
