@@ -7,6 +7,7 @@
 
 #include "platform/cedb.h"
 #include "platform/cedb_failure.h"
+#include "platform/sqlite_wal.h"
 
 namespace velmo::cedb {
 namespace {
@@ -216,8 +217,9 @@ bool Volume::CheckOrInitialize() {
   }
   // Write-ahead logging lets readers and one writer of any process work at once.
   // Pages are read through a memory map rather than one read call each.
-  rc = sqlite3_exec(db_, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;"
-                    " PRAGMA mmap_size=268435456", nullptr, nullptr, nullptr);
+  rc = UseWriteAheadLog(db_, BusyTimeoutMs());
+  if (rc == SQLITE_OK)
+    rc = sqlite3_exec(db_, "PRAGMA synchronous=NORMAL; PRAGMA mmap_size=268435456", nullptr, nullptr, nullptr);
   if (rc != SQLITE_OK) return Fail(rc);
   if (objects > 0) return true;
   return Write([this] {

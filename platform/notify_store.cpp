@@ -6,6 +6,7 @@
 
 #include "platform/device.h"
 #include "platform/lasterror.h"
+#include "platform/sqlite_wal.h"
 
 namespace velmo::notify {
 namespace {
@@ -68,8 +69,8 @@ sqlite3* OpenStore() {
     return Fail(db, ERROR_ACCESS_DENIED, "cannot open the notifications file " + path);
   sqlite3_busy_timeout(db, kBusyTimeoutMs);
   char* message = nullptr;
-  const int rc = sqlite3_exec(db, (std::string("PRAGMA journal_mode=WAL;") + kSchema).c_str(),
-                              nullptr, nullptr, &message);
+  int rc = UseWriteAheadLog(db, kBusyTimeoutMs);
+  if (rc == SQLITE_OK) rc = sqlite3_exec(db, kSchema, nullptr, nullptr, &message);
   if (rc != SQLITE_OK) {
     const std::string cause = message ? message : sqlite3_errstr(rc);
     sqlite3_free(message);

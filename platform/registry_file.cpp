@@ -10,6 +10,7 @@
 
 #include "platform/device.h"
 #include "platform/registry.h"
+#include "platform/sqlite_wal.h"
 
 namespace velmo::registry {
 namespace {
@@ -114,15 +115,16 @@ LONG Refuse(LONG error, const std::string& text) {
 
 // Refuses a SQLite file that holds tables but is not a registry file; `made`
 // tells whether it is one already.
+// Both facts come from one statement, so from one moment of the file: read
+// one after the other, a process that makes the file in between would show
+// tables without the mark, and its new registry would be refused.
 LONG CheckIdentity(sqlite3* db, const std::string& path, bool* made) {
-  Statement id(db, "PRAGMA application_id");
-  int rc = id.Step();
+  Statement identity(db, "SELECT (SELECT application_id FROM pragma_application_id()),"
+                         " (SELECT count(*) FROM sqlite_master)");
+  const int rc = identity.Step();
   if (rc != SQLITE_ROW) return MapSqliteError(db, rc);
-  const std::int64_t app_id = id.Int(0);
-  Statement tables(db, "SELECT count(*) FROM sqlite_master");
-  rc = tables.Step();
-  if (rc != SQLITE_ROW) return MapSqliteError(db, rc);
-  if (app_id != kApplicationId && tables.Int(0) != 0)
+  const std::int64_t app_id = identity.Int(0);
+  if (app_id != kApplicationId && identity.Int(1) != 0)
     return Refuse(ERROR_BADDB, "the file " + path + " is not a registry file; it was left as it is");
   *made = app_id == kApplicationId;
   return ERROR_SUCCESS;
@@ -133,8 +135,8 @@ LONG Prepare(sqlite3* db, const std::string& path) {
   bool made = false;
   LONG result = CheckIdentity(db, path, &made);
   if (result != ERROR_SUCCESS) return result;
-  int rc = sqlite3_exec(db, "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;", nullptr,
-                        nullptr, nullptr);
+  int rc = UseWriteAheadLog(db, g_busy_timeout_ms);
+  if (rc == SQLITE_OK) rc = sqlite3_exec(db, "PRAGMA synchronous=NORMAL", nullptr, nullptr, nullptr);
   if (rc != SQLITE_OK) return MapSqliteError(db, rc);
   // A file made before needs no write: opening it only to read stays a read.
   if (made) return ERROR_SUCCESS;
