@@ -2,7 +2,6 @@
 // title first. The device's settings are in force (the views, the sort, the
 // default filter, "ReminderDelta"); the options replace the filter, the moment
 // the views judge by and the search text. Nothing is written.
-#include <algorithm>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -18,7 +17,7 @@
 #include "platform/cedb.h"
 #include "settings/settings.h"
 #include "store/connection.h"
-#include "store/record_run.h"
+#include "store/record_reader.h"
 
 namespace velmo::cli {
 namespace {
@@ -47,7 +46,10 @@ TaskTable ReadTable() {
   const DWORD count = ReadTasksDatabaseInfo(&info) ? info.dwNumRecords : 0;
   CeSeekDatabase(Store().tasks_db, CEDB_SEEK_BEGINNING, 0, nullptr);
   TaskTable table;
-  ReadRecordRun(std::min<size_t>(count, kMaxTasks), &table, [] { return std::make_unique<Task>(); });
+  for (DWORD i = 0; i < count && table.size() < kMaxTasks; ++i) {
+    auto task = std::make_unique<Task>();
+    if (ReadTaskRecord(task.get(), 0)) table.push_back(std::move(task));
+  }
   return table;
 }
 

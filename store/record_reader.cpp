@@ -80,15 +80,10 @@ BOOL ReadTaskRecord(Task* task, CEOID oid) {
   const CEOID read = CeReadRecordProps(store.tasks_db, CEDB_ALLOWREALLOC, &count, nullptr,
                                        &store.read_buffer, &store.read_buffer_size);
   if (read == 0 || (oid != 0 && read != oid)) return fail();
-  TaskFromProps(task, read, reinterpret_cast<const CEPROPVAL*>(store.read_buffer), count);
-  if (oid != 0) FreeReadBuffer();
-  return TRUE;
-}
 
-void TaskFromProps(Task* task, CEOID oid, const CEPROPVAL* props, WORD count) {
-  ResetTask(task);
-  task->oid = oid;
+  task->oid = read;
   Notes notes;
+  const auto* props = reinterpret_cast<const CEPROPVAL*>(store.read_buffer);
   for (WORD i = 0; i < count; ++i) ApplyProperty(props[i], task, &notes);
 
   task->reminder_time = ReminderTimeOf(*task);
@@ -97,6 +92,8 @@ void TaskFromProps(Task* task, CEOID oid, const CEPROPVAL* props, WORD count) {
   FillTaskLinks(*task, notes.present ? notes.text.data() : nullptr);
   task->search_match = RecordSearchMarks(task->subject, notes.text);
   if (!notes.present) task->search_match &= ~kSearchMatchNotes;
+  if (oid != 0) FreeReadBuffer();
+  return TRUE;
 }
 
 }  // namespace velmo

@@ -4,7 +4,6 @@
 // several properties: the reminder time, the links and the search marks.
 #pragma once
 
-#include "platform/cedb.h"
 #include "store/task.h"
 
 namespace velmo {
@@ -15,9 +14,5 @@ namespace velmo {
 // keeps it for the next. Returns TRUE, or FALSE when the record cannot be
 // sought or read. A property of a type other than the expected one is skipped.
 BOOL ReadTaskRecord(Task* task, CEOID oid);
-
-// The Task record of record `oid` from its `count` properties as a read lays
-// them out (store/task_props.h), after a reset to the initial values.
-void TaskFromProps(Task* task, CEOID oid, const CEPROPVAL* props, WORD count);
 
 }  // namespace velmo

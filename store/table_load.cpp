@@ -3,7 +3,6 @@
 #include "platform/cedb.h"
 #include "platform/notify_store.h"
 #include "store/connection.h"
-#include "store/record_run.h"
 #include "store/task_table.h"
 
 namespace velmo {
@@ -13,7 +12,7 @@ bool ReadRecords(size_t count, bool check_reminder) {
   Tasks().reserve(Tasks().size() + count);
   CeSeekDatabase(Store().tasks_db, CEDB_SEEK_BEGINNING, 0, nullptr);
   if (!check_reminder) {
-    ReadRecordRun(count, &Tasks(), NewTableTask);
+    for (size_t i = 0; i < count; ++i) ReadTask(nullptr, 0, false);
     return true;
   }
   // The checks' writes to the record and to the notifications go to each file
