@@ -9,6 +9,7 @@
 #include "list/list_state.h"
 #include "list/view_ids.h"
 #include "platform/ansi_codepage.h"
+#include "store/notes_text.h"
 #include "store/task.h"
 
 namespace velmo {
@@ -41,8 +42,7 @@ DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Sett
 
 DWORD RecordSearchMarks(std::wstring_view subject, std::string_view ansi_notes) {
   if (CurrentView() != kViewSearch) return 0;
-  const size_t end = ansi_notes.find('\0');
-  return SearchMarks(subject, FromWindows1252(ansi_notes.substr(0, end)), CurrentSettings());
+  return SearchMarks(subject, FromWindows1252(NotesText(ansi_notes)), CurrentSettings());
 }
 
 }  // namespace velmo

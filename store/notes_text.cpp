@@ -14,12 +14,12 @@ bool StandsForNoNotes(const BYTE* bytes, DWORD size) {
   return size == 4 && std::memcmp(bytes, kCrLfZeros, 4) == 0;
 }
 
+}  // namespace
+
 std::string_view NotesText(std::string_view stored) {
   const void* zero = std::memchr(stored.data(), 0, stored.size());
   return zero ? stored.substr(0, static_cast<size_t>(static_cast<const char*>(zero) - stored.data())) : stored;
 }
-
-}  // namespace
 
 bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* stored) {
   *stored = {};

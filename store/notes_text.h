@@ -17,10 +17,13 @@ constexpr size_t kLongNotesChars = 31744;
 // ending in two zero bytes as CR LF 0 0 and 0 0); otherwise *stored is the blob.
 bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* stored);
 
-// For the notes of a stored blob (its bytes up to the first zero byte, one
-// character per byte; every byte value has a character, so any blob loads): kLongNotesEndingInBracket, else kHasNotes
-// when any character is not CR or LF, else kNoNotes. Only long blobs are
-// measured; for the others the first character that is not CR or LF decides.
+// The notes text of a stored blob: its bytes up to the first zero byte, one
+// character per byte (every byte value has a character, so any blob loads).
+std::string_view NotesText(std::string_view stored);
+
+// For the notes of a stored blob: kLongNotesEndingInBracket, else kHasNotes when
+// any character is not CR or LF, else kNoNotes. Only long blobs are measured;
+// for the others the first character that is not CR or LF decides.
 WORD NotesStateOf(std::string_view stored);
 
 }  // namespace velmo
