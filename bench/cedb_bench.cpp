@@ -185,6 +185,17 @@ void BM_MountOpenInfoClose100k(benchmark::State& state) {
 }
 BENCHMARK(BM_MountOpenInfoClose100k)->Unit(benchmark::kMicrosecond);
 
+// The two properties of a reminder's direct write: its notification handle and
+// its minutes.
+CEOID WriteReminder(HANDLE db, CEOID oid, LONG handle) {
+  CEPROPVAL props[2] = {};
+  props[0].propid = 0x00020003;
+  props[0].val.lVal = handle;
+  props[1].propid = 0x45010003;
+  props[1].val.lVal = 60;
+  return CeWriteRecordProps(db, oid, 2, props);
+}
+
 // One direct write of two properties (the reminder's handle and minutes) into
 // an existing record of the large database.
 void BM_WriteTwoProps100k(benchmark::State& state) {
@@ -192,12 +203,8 @@ void BM_WriteTwoProps100k(benchmark::State& state) {
   CEOID first = CeSeekDatabase(v.handle, CEDB_SEEK_BEGINNING, 0, nullptr);
   LONG n = 0;
   for (auto _ : state) {
-    CEPROPVAL props[2] = {};
-    props[0].propid = 0x00020003;
-    props[0].val.lVal = ++n;
-    props[1].propid = 0x45010003;
-    props[1].val.lVal = 60;
-    if (!CeWriteRecordProps(v.handle, first + static_cast<CEOID>(n % 1000), 2, props))
+    ++n;
+    if (!WriteReminder(v.handle, first + static_cast<CEOID>(n % 1000), n))
       state.SkipWithError("write failed");
   }
 }
@@ -210,12 +217,8 @@ void BM_BatchedWriteTwoProps100k(benchmark::State& state) {
   LONG n = 0;
   velmo::cedb::BeginWriteBatch(&v.guid);
   for (auto _ : state) {
-    CEPROPVAL props[2] = {};
-    props[0].propid = 0x00020003;
-    props[0].val.lVal = ++n;
-    props[1].propid = 0x45010003;
-    props[1].val.lVal = 60;
-    if (!CeWriteRecordProps(v.handle, first + static_cast<CEOID>(n % 100000), 2, props))
+    ++n;
+    if (!WriteReminder(v.handle, first + static_cast<CEOID>(n % 100000), n))
       state.SkipWithError("write failed");
     if (n % 1000 == 0) {
       velmo::cedb::EndWriteBatch(&v.guid);
