@@ -184,14 +184,11 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
   }
 }
 
-}  // namespace
-
-namespace {
-
 // The property stored at *at, checked, and *at moved past it; false when the
 // bytes are damaged there. Inlined: it runs for every property of every record
 // read, and as a call it cost a sixth of a whole table load.
-[[gnu::always_inline]] inline bool NextStored(const BYTE* bytes, size_t size, size_t* at, StoredProp* prop) {
+[[gnu::always_inline]] inline bool NextStored(const BYTE* bytes, size_t size, size_t* at,
+                                              StoredProp* prop) {
   if (size - *at < kHeaderSize) return false;
   std::memcpy(&prop->propid, bytes + *at, 4);
   std::memcpy(&prop->size, bytes + *at + 4, 4);
@@ -292,7 +289,8 @@ size_t ReadBufferSize(const std::vector<const StoredProp*>& selected) {
   return size;
 }
 
-void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids, BYTE* buffer) {
+void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids,
+                    BYTE* buffer) {
   auto* values = reinterpret_cast<CEPROPVAL*>(buffer);
   BYTE* cursor = buffer + AlignUp(selected.size() * sizeof(CEPROPVAL));
   for (size_t i = 0; i < selected.size(); ++i) {
