@@ -14,20 +14,13 @@
 namespace velmo {
 namespace {
 
-using links::IsAsciiDigit;
-using links::IsAsciiLetter;
-
 constexpr size_t kMaxLocalPart = 100;
 constexpr size_t kMaxDomain = 255;
 constexpr size_t kMinDomain = 3;
 
 template <typename Char>
-bool IsDomainChar(Char c) {
-  return IsAsciiLetter(c) || IsAsciiDigit(c) || c == '.' || c == '-';
-}
-template <typename Char>
 bool IsLocalPartChar(Char c) {
-  return IsDomainChar(c) || c == '_';
+  return links::IsHostNameChar(c) || c == '_';
 }
 
 template <typename Char>
@@ -41,7 +34,7 @@ bool FindEmailIn(const Char* text, EmailAddress* found) {
 
     const Char* domain = at + 1;
     size_t length = 0;
-    while (length < kMaxDomain && IsDomainChar(domain[length])) ++length;
+    while (length < kMaxDomain && links::IsHostNameChar(domain[length])) ++length;
     const std::basic_string_view<Char> host(domain, length);
     if (length < kMinDomain || host.find(Char('.')) == host.npos) continue;
 

@@ -11,6 +11,13 @@ constexpr bool IsAsciiLetter(wchar_t c) {
   return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z');
 }
 
+// The characters of a host name in the read patterns: ASCII letters and
+// digits, "." and "-" (an e-mail domain and a "www." host alike).
+template <typename Char>
+constexpr bool IsHostNameChar(Char c) {
+  return IsAsciiLetter(c) || IsAsciiDigit(c) || c == '.' || c == '-';
+}
+
 // Any letter or decimal digit of any script.
 bool IsNonAsciiLetterOrDigit(wchar_t c);
 inline bool IsLetterOrDigit(wchar_t c) {

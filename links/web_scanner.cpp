@@ -12,8 +12,6 @@ namespace velmo {
 namespace {
 
 using links::In;
-using links::IsAsciiDigit;
-using links::IsAsciiLetter;
 using links::Literal;
 
 constexpr size_t kMaxAddress = 511;
@@ -21,16 +19,12 @@ constexpr size_t kMaxHost = 255;
 constexpr size_t kMinHost = 3;
 
 // Case-sensitive, as written before "://".
-constexpr Literal kSchemes[] = {{"http", L"http"}, {"https", L"https"}, {"ftp", L"ftp"}, {"wsp", L"wsp"},
-                                {"wsps", L"wsps"}, {"file", L"file"},   {"rtsp", L"rtsp"}};
+constexpr Literal kSchemes[] = {{"http", L"http"}, {"https", L"https"}, {"ftp", L"ftp"},
+                                {"wsp", L"wsp"},   {"wsps", L"wsps"},   {"file", L"file"},
+                                {"rtsp", L"rtsp"}};
 constexpr Literal kSeparator{"://", L"://"};
 constexpr Literal kWww{"www.", L"www."};
 constexpr std::wstring_view kTrailingPunctuation = L".,;()!:?\"-[]{}";
-
-template <typename Char>
-bool IsHostChar(Char c) {
-  return IsAsciiLetter(c) || IsAsciiDigit(c) || c == '.' || c == '-';
-}
 
 // Where the first occurrence of an ASCII literal at or after `from` starts, or
 // npos. Notes can be long: on their bytes the C library's vector search for the
@@ -74,7 +68,7 @@ const Char* FirstWwwAddress(std::basic_string_view<Char> text) {
   const Char* www = text.data() + at;
   const Char* host = www + kWww.narrow.size();
   size_t length = 0;
-  while (length < kMaxHost && IsHostChar(host[length])) ++length;
+  while (length < kMaxHost && links::IsHostNameChar(host[length])) ++length;
   if (length < kMinHost || std::basic_string_view<Char>(host, length).find(Char('.')) == text.npos)
     return nullptr;
   return www;
