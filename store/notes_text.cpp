@@ -16,10 +16,7 @@ bool StandsForNoNotes(const BYTE* bytes, DWORD size) {
 
 }  // namespace
 
-std::string_view NotesText(std::string_view stored) {
-  const void* zero = std::memchr(stored.data(), 0, stored.size());
-  return zero ? stored.substr(0, static_cast<size_t>(static_cast<const char*>(zero) - stored.data())) : stored;
-}
+std::string_view NotesText(std::string_view stored) { return stored.substr(0, stored.find('\0')); }
 
 bool NotesOf(const BYTE* bytes, DWORD size, std::string_view* stored) {
   *stored = {};
