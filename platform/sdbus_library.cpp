@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "platform/library_function.h"
+
 namespace velmo {
 namespace {
 
@@ -16,9 +18,9 @@ std::string& Failure() {
 
 template <typename Function>
 bool Find(void* library, const char* name, Function* out) {
-  *out = reinterpret_cast<Function>(dlsym(library, name));
-  if (*out == nullptr) Failure() = std::string(kLibraryFile) + " has no " + name;
-  return *out != nullptr;
+  if (FindLibraryFunction(library, name, out)) return true;
+  Failure() = std::string(kLibraryFile) + " has no " + name;
+  return false;
 }
 
 bool Load(SdBusLibrary* p) {
