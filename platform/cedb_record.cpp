@@ -5,7 +5,6 @@
 namespace velmo::cedb {
 namespace {
 
-constexpr size_t kHeaderSize = 8;  // identifier and data length
 constexpr size_t kDataAlign = 8;   // data behind the CEPROPVAL array
 
 // Stored size of each fixed-width type; 0 for the variable ones.
@@ -189,10 +188,10 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
 // read, and as a call it cost a sixth of a whole table load.
 [[gnu::always_inline]] inline bool NextStored(const BYTE* bytes, size_t size, size_t* at,
                                               StoredProp* prop) {
-  if (size - *at < kHeaderSize) return false;
+  if (size - *at < kStoredHeaderSize) return false;
   std::memcpy(&prop->propid, bytes + *at, 4);
   std::memcpy(&prop->size, bytes + *at + 4, 4);
-  *at += kHeaderSize;
+  *at += kStoredHeaderSize;
   const TypeInfo* info = FindType(prop->propid);
   if (!info || prop->size > size - *at || !SizeFitsType(*info, prop->size)) return false;
   prop->data = bytes + *at;
@@ -210,6 +209,18 @@ bool ParseRecord(const BYTE* bytes, size_t size, std::vector<StoredProp>* out) {
     out->push_back(prop);
   }
   return true;
+}
+
+bool CheckRecord(const BYTE* bytes, size_t size) {
+  StoredProp prop;
+  for (size_t at = 0; at < size;)
+    if (!NextStored(bytes, size, &at, &prop)) return false;
+  return true;
+}
+
+void AssignText(const StoredProp& p, std::wstring* out) {
+  out->resize(p.size / 2);
+  out->resize(DecodeUtf16(p.data, p.size / 2, out->data()));
 }
 
 bool MeasureRecord(const BYTE* bytes, size_t size, size_t* count, size_t* buffer_size) {

@@ -1,9 +1,6 @@
-// How a record's properties are kept: one byte string per record, the
-// properties one after another, each as its identifier (4 bytes), the length of
-// its data (4 bytes) and the data, in host byte order. Strings are kept as UTF-16
-// code units without a terminator, integers and times at their own width, BOOL
-// as 4 bytes. Reading lays the properties out the platform's way: an array of
-// CEPROPVAL followed by the strings and blobs they point into.
+// How a record's properties are kept (the stored form, described in
+// platform/cedb_in_place.h). Reading lays the properties out the platform's way:
+// an array of CEPROPVAL followed by the strings and blobs they point into.
 #pragma once
 
 #include <cstddef>
@@ -11,15 +8,9 @@
 #include <vector>
 
 #include "platform/cedb.h"
+#include "platform/cedb_in_place.h"
 
 namespace velmo::cedb {
-
-// One stored property, pointing into the stored bytes.
-struct StoredProp {
-  CEPROPID propid;
-  const BYTE* data;
-  DWORD size;
-};
 
 // Splits stored bytes into properties. False when they are damaged: a length
 // running past the end, an unknown value type, a size the type cannot have.
@@ -45,6 +36,10 @@ size_t ReadBufferSize(const std::vector<const StoredProp*>& selected);
 // null entry of `ids` order comes out flagged CEDB_PROPNOTFOUND with requested id.
 void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids,
                     BYTE* buffer);
+
+// True when the stored bytes are whole, as ParseRecord checks them, without
+// keeping a list.
+bool CheckRecord(const BYTE* bytes, size_t size);
 
 // A read of every property, the common case, straight from the stored bytes
 // without a list between: MeasureRecord checks them as ParseRecord does (false

@@ -4,6 +4,7 @@
 
 #include "platform/cedb.h"
 #include "platform/cedb_failure.h"
+#include "platform/cedb_in_place.h"
 #include "platform/cedb_objects.h"
 #include "platform/localmem.h"
 
@@ -91,6 +92,20 @@ bool ReadStored(DbHandle* h, CEOID oid, std::string* bytes) {
   return true;
 }
 
+// The record at the handle's position, from its cursor; false at the end (no
+// more records) or on a failure, last error set.
+bool FetchAtPosition(DbHandle* h, CEOID* oid, const BYTE** bytes, size_t* size) {
+  bool found = false;
+  if (!h->cursor.Fetch(h->volume.get(), h->db, h->position, &found, oid, bytes, size)) return false;
+  if (!found) SetFailure(ERROR_NO_MORE_ITEMS, "No more records.");
+  return found;
+}
+
+CEOID DamagedRecord(CEOID oid) {
+  SetFailure(ERROR_INVALID_DATA, "The " + RecordName(oid) + " is damaged.");
+  return 0;
+}
+
 }  // namespace
 
 CEOID CeSeekDatabase(HANDLE db, DWORD seek_type, DWORD value, DWORD* index) {
@@ -126,22 +141,16 @@ CEOID CeReadRecordProps(HANDLE db, DWORD flags, WORD* count, CEPROPID* ids, BYTE
     SetFailure(ERROR_INVALID_PARAMETER, "Bad arguments to read a record.");
     return 0;
   }
-  bool found = false;
   CEOID oid = 0;
   const BYTE* bytes = nullptr;
   size_t size = 0;
-  if (!h->cursor.Fetch(h->volume.get(), h->db, h->position, &found, &oid, &bytes, &size)) return 0;
-  if (!found) {
-    SetFailure(ERROR_NO_MORE_ITEMS, "No more records.");
-    return 0;
-  }
+  if (!FetchAtPosition(h, &oid, &bytes, &size)) return 0;
   bool advance = h->flags & CEDB_AUTOINCREMENT;
   size_t props = 0;
   size_t need = 0;
   if (ids ? !ParseRecord(bytes, size, &h->parsed) : !MeasureRecord(bytes, size, &props, &need)) {
     if (advance) h->position = std::uint64_t{oid} + 1;  // a damaged record is passed over
-    SetFailure(ERROR_INVALID_DATA, "The " + RecordName(oid) + " is damaged.");
-    return 0;
+    return DamagedRecord(oid);
   }
   if (ids) {
     SelectProps(h->parsed, ids, *count, &h->selected);
@@ -155,6 +164,20 @@ CEOID CeReadRecordProps(HANDLE db, DWORD flags, WORD* count, CEPROPID* ids, BYTE
     FillEveryProp(bytes, size, props, *buffer);
   *count = static_cast<WORD>(props);
   if (advance) h->position = std::uint64_t{oid} + 1;
+  return oid;
+}
+
+CEOID velmo::cedb::ReadRecordInPlace(HANDLE db, StoredRecord* record) {
+  auto lock = LockDatabases();
+  DbHandle* h = FindHandle(db);
+  if (!h) return 0;
+  CEOID oid = 0;
+  const BYTE* bytes = nullptr;
+  size_t size = 0;
+  if (!FetchAtPosition(h, &oid, &bytes, &size)) return 0;
+  if (h->flags & CEDB_AUTOINCREMENT) h->position = std::uint64_t{oid} + 1;
+  if (!CheckRecord(bytes, size)) return DamagedRecord(oid);
+  *record = StoredRecord(bytes, size);
   return oid;
 }
 

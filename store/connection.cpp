@@ -1,6 +1,5 @@
 #include "store/connection.h"
 
-#include "platform/localmem.h"
 #include "settings/settings.h"
 #include "store/store_messages.h"
 
@@ -59,10 +58,7 @@ void CloseTasksDatabase() {
 }
 
 void FreeReadBuffer() {
-  StoreConnection& store = Store();
-  LocalFree(store.read_buffer);
-  store.read_buffer = nullptr;
-  store.read_buffer_size = 0;
+  std::string().swap(Store().notes_copy);
 }
 
 BOOL ReadTasksDatabaseInfo(CEDBASEINFOEX* info) {

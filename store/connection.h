@@ -27,8 +27,7 @@ struct StoreConnection {
   std::wstring appointments_name;
 
   bool reload = true;  // the task table is reloaded only while set
-  BYTE* read_buffer = nullptr;  // grown by the database call, reused across a load
-  DWORD read_buffer_size = 0;
+  std::string notes_copy;  // the notes being scanned, ending in a zero byte; reused across a load
 
   // Handed from a copy or edit to the next re-read of a task.
   DATE pending_reminder_time = kNoDate;
@@ -60,7 +59,7 @@ BOOL OpenTasksDatabase(HWND window, DWORD param);
 // unmounts the volume.
 void CloseTasksDatabase();
 
-// Frees the read buffer.
+// Frees the room kept for reading records (after a load).
 void FreeReadBuffer();
 
 // The database's information, FALSE when it cannot be read.

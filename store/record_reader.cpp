@@ -2,7 +2,7 @@
 
 #include "links/task_links.h"
 #include "list/search_marks.h"
-#include "platform/cedb.h"
+#include "platform/cedb_in_place.h"
 #include "reminders/reminder_time.h"
 #include "store/connection.h"
 #include "store/notes_text.h"
@@ -18,41 +18,43 @@ LONG ImportanceFromStored(LONG stored) {
   return kImportanceNormal;
 }
 
-DATE DateOf(const FILETIME& ft) {
+DATE DateOf(const cedb::StoredProp& p) {
   DATE date = kNoDate;
-  return FileTimeToDate(ft, &date) ? date : kNoDate;
+  return FileTimeToDate(cedb::FileTimeOf(p), &date) ? date : kNoDate;
 }
 
-const wchar_t* TextOf(const CEPROPVAL& p) { return p.val.lpwstr ? p.val.lpwstr : L""; }
-
 // What the walk over the properties found besides the fields: the notes as
-// stored, read in place in the read buffer.
+// stored, read in place.
 struct Notes {
   bool present = false;
   std::string_view text;
 };
 
-void ApplyProperty(const CEPROPVAL& p, Task* t, Notes* notes) {
-  if (p.wFlags & CEDB_PROPNOTFOUND) return;
+// The property identifiers carry their value type, so each case below reads a
+// value of the type it names; a known property stored with another type is
+// another identifier and is passed over.
+void ApplyProperty(const cedb::StoredProp& p, Task* t, Notes* notes) {
   switch (p.propid) {
-    case kPropSubject: t->subject = TextOf(p); break;
-    case kPropCategories: t->categories = TextOf(p); break;
-    case kPropReminderSound: t->reminder_sound = TextOf(p); break;
-    case kPropStartDate: t->start_date = DateOf(p.val.filetime); break;
-    case kPropDueDate: t->due_date = DateOf(p.val.filetime); break;
-    case kPropDateCompleted: t->date_completed = DateOf(p.val.filetime); break;
-    case kPropComplete: t->complete = p.val.uiVal; break;
-    case kPropRecurring: t->recurring = p.val.uiVal; break;
-    case kPropTeamTask: t->team_task = p.val.uiVal; break;
-    case kPropReminderSet: t->reminder_set = p.val.uiVal; break;
-    case kPropImportance: t->importance = ImportanceFromStored(p.val.lVal); break;
-    case kPropSensitivity: t->sensitivity = p.val.iVal == 1 ? kSensitivityPrivate : kSensitivityNormal; break;
-    case kPropReminderBaseFlag: t->reminder_base_flag = p.val.iVal; break;
-    case kPropReminderMinutes: t->reminder_minutes = p.val.lVal; break;
-    case kPropReminderOptions: t->reminder_options = p.val.lVal; break;
-    case kPropNotificationHandle: t->notification_handle = p.val.ulVal; break;
+    case kPropSubject: cedb::AssignText(p, &t->subject); break;
+    case kPropCategories: cedb::AssignText(p, &t->categories); break;
+    case kPropReminderSound: cedb::AssignText(p, &t->reminder_sound); break;
+    case kPropStartDate: t->start_date = DateOf(p); break;
+    case kPropDueDate: t->due_date = DateOf(p); break;
+    case kPropDateCompleted: t->date_completed = DateOf(p); break;
+    case kPropComplete: t->complete = cedb::UInt16Of(p); break;
+    case kPropRecurring: t->recurring = cedb::UInt16Of(p); break;
+    case kPropTeamTask: t->team_task = cedb::UInt16Of(p); break;
+    case kPropReminderSet: t->reminder_set = cedb::UInt16Of(p); break;
+    case kPropImportance: t->importance = ImportanceFromStored(cedb::Int32Of(p)); break;
+    case kPropSensitivity:
+      t->sensitivity = cedb::Int16Of(p) == 1 ? kSensitivityPrivate : kSensitivityNormal;
+      break;
+    case kPropReminderBaseFlag: t->reminder_base_flag = cedb::Int16Of(p); break;
+    case kPropReminderMinutes: t->reminder_minutes = cedb::Int32Of(p); break;
+    case kPropReminderOptions: t->reminder_options = cedb::Int32Of(p); break;
+    case kPropNotificationHandle: t->notification_handle = cedb::UInt32Of(p); break;
     case kPropNotes:
-      notes->present = NotesOf(p.val.blob.lpb, p.val.blob.dwCount, &notes->text);
+      notes->present = NotesOf(p.data, p.size, &notes->text);
       if (notes->present) t->notes_state = NotesStateOf(notes->text);
       break;
     default: break;  // another property, or a known one of an unexpected type
@@ -71,28 +73,27 @@ void ResetTask(Task* task) {
 BOOL ReadTaskRecord(Task* task, CEOID oid) {
   StoreConnection& store = Store();
   ResetTask(task);  // a failed read leaves the initial values
-  const auto fail = [oid] {
-    if (oid != 0) FreeReadBuffer();
-    return FALSE;
-  };
-  if (oid != 0 && CeSeekDatabase(store.tasks_db, CEDB_SEEK_CEOID, oid, nullptr) != oid) return fail();
-  WORD count = 0;
-  const CEOID read = CeReadRecordProps(store.tasks_db, CEDB_ALLOWREALLOC, &count, nullptr,
-                                       &store.read_buffer, &store.read_buffer_size);
-  if (read == 0 || (oid != 0 && read != oid)) return fail();
+  if (oid != 0 && CeSeekDatabase(store.tasks_db, CEDB_SEEK_CEOID, oid, nullptr) != oid) return FALSE;
+  cedb::StoredRecord record;
+  const CEOID read = cedb::ReadRecordInPlace(store.tasks_db, &record);
+  if (read == 0 || (oid != 0 && read != oid)) return FALSE;
 
   task->oid = read;
   Notes notes;
-  const auto* props = reinterpret_cast<const CEPROPVAL*>(store.read_buffer);
-  for (WORD i = 0; i < count; ++i) ApplyProperty(props[i], task, &notes);
+  cedb::StoredProp prop;
+  while (record.Next(&prop)) ApplyProperty(prop, task, &notes);
 
   task->reminder_time = ReminderTimeOf(*task);
-  // The read buffer holds a zero byte after each blob, so the notes end in one
-  // even when no zero byte is stored.
-  FillTaskLinks(*task, notes.present ? notes.text.data() : nullptr);
+  // The scanners read text that ends in a zero byte, which stored notes need not
+  // hold: they get a copy.
+  const char* scanned_notes = nullptr;
+  if (notes.present) {
+    store.notes_copy.assign(notes.text);
+    scanned_notes = store.notes_copy.c_str();
+  }
+  FillTaskLinks(*task, scanned_notes);
   task->search_match = RecordSearchMarks(task->subject, notes.text);
   if (!notes.present) task->search_match &= ~kSearchMatchNotes;
-  if (oid != 0) FreeReadBuffer();
   return TRUE;
 }
 

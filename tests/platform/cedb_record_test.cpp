@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 
+#include "platform/cedb_in_place.h"
 #include "tests/platform/cedb_fixture.h"
 
 namespace velmo::testing {
@@ -76,14 +77,22 @@ void ExpectSameValue(const TypeCase& c, const CEPROPVAL& got) {
   }
 }
 
-TEST_F(RecordTest, EveryTypeReadsBackAsWritten) {
-  std::vector<TypeCase> cases = TypeCases();
-  std::vector<CEPROPVAL> values;
-  for (size_t i = 0; i < cases.size(); ++i) {
-    cases[i].value.propid |= static_cast<CEPROPID>(i + 1) << 16;
-    values.push_back(cases[i].value);
+class EveryTypeTest : public RecordTest {
+ protected:
+  // One record with every case, each under its own identifier.
+  CEOID WriteEveryType(std::vector<TypeCase>* cases) {
+    std::vector<CEPROPVAL> values;
+    for (size_t i = 0; i < cases->size(); ++i) {
+      (*cases)[i].value.propid |= static_cast<CEPROPID>(i + 1) << 16;
+      values.push_back((*cases)[i].value);
+    }
+    return Write(0, values);
   }
-  CEOID oid = Write(0, values);
+};
+
+TEST_F(EveryTypeTest, ReadsBackAsWritten) {
+  std::vector<TypeCase> cases = TypeCases();
+  CEOID oid = WriteEveryType(&cases);
   ASSERT_NE(oid, 0u);
   // Seeking to the record and the first record of a fresh handle: both read it.
   ASSERT_EQ(CeSeekDatabase(db_, CEDB_SEEK_CEOID, oid, nullptr), oid);
@@ -94,6 +103,46 @@ TEST_F(RecordTest, EveryTypeReadsBackAsWritten) {
     SCOPED_TRACE(cases[i].name);
     ExpectSameValue(cases[i], props[i]);
   }
+}
+
+// A property read in place as the read buffer would hold it: texts and blobs
+// copied into `room` (a blob with a zero byte after it).
+CEPROPVAL FromStored(const velmo::cedb::StoredProp& p, std::vector<std::wstring>* room) {
+  CEPROPVAL v{};
+  v.propid = p.propid;
+  switch (TypeFromPropID(p.propid)) {
+    case CEVT_LPWSTR:
+      velmo::cedb::AssignText(p, &room->emplace_back());
+      v.val.lpwstr = room->back().data();
+      break;
+    case CEVT_BLOB: {
+      std::wstring& bytes = room->emplace_back(p.size / sizeof(wchar_t) + 1, L'\0');
+      std::memcpy(bytes.data(), p.data, p.size);
+      v.val.blob = CEBLOB{p.size, reinterpret_cast<BYTE*>(bytes.data())};
+      break;
+    }
+    default: std::memcpy(&v.val, p.data, p.size); break;
+  }
+  return v;
+}
+
+TEST_F(EveryTypeTest, ReadsBackInPlaceAsWritten) {
+  std::vector<TypeCase> cases = TypeCases();
+  CEOID oid = WriteEveryType(&cases);
+  ASSERT_EQ(CeSeekDatabase(db_, CEDB_SEEK_BEGINNING, 0, nullptr), oid);
+  velmo::cedb::StoredRecord record;
+  ASSERT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), oid);
+  std::vector<std::wstring> room;
+  room.reserve(cases.size());
+  velmo::cedb::StoredProp prop;
+  for (const TypeCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    ASSERT_TRUE(record.Next(&prop));
+    ExpectSameValue(c, FromStored(prop, &room));
+  }
+  EXPECT_FALSE(record.Next(&prop));
+  EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), 0u) << "the handle moved on";
+  EXPECT_EQ(GetLastError(), ERROR_NO_MORE_ITEMS);
 }
 
 TEST_F(RecordTest, ChangesReplaceInPlaceAddAtTheEndAndDelete) {
@@ -220,6 +269,13 @@ TEST_F(RecordTest, ADamagedRecordFailsAndTheWalkGoesOn) {
   EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
   EXPECT_NE(velmo::cedb::LastFailure().find("damaged"), std::string::npos);
   EXPECT_EQ(Read(&props), last);
+  // Read in place, the same.
+  velmo::cedb::StoredRecord record;
+  ASSERT_EQ(CeSeekDatabase(db_, CEDB_SEEK_BEGINNING, 0, nullptr), first);
+  EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), first);
+  EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), 0u);
+  EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
+  EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), last);
   // Writing into it is refused rather than overwriting what is left.
   EXPECT_EQ(Write(damaged, {PropI2(1, 5)}), 0u);
   EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
