@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "platform/cedb.h"
 
@@ -58,6 +59,31 @@ class StoredRecord {
 // bytes. They stay valid until the next call with this handle. Returns the
 // record's identifier, or 0 on failure (last error set).
 CEOID ReadRecordInPlace(HANDLE db, StoredRecord* record);
+
+// One record handed to a visitor. A damaged record comes flagged, its
+// properties left empty.
+struct InPlaceRecord {
+  CEOID oid;
+  bool damaged;
+  StoredRecord props;
+};
+
+class RecordVisitor {
+ public:
+  virtual void Visit(const InPlaceRecord& record) = 0;
+
+ protected:
+  ~RecordVisitor() = default;
+};
+
+// Visits up to `max` records from the handle's position on, in database order,
+// with one statement: each record's bytes come straight from the database file's
+// pages and stay valid only during its visit. The whole visit reads one snapshot
+// of the database. A handle that moves on by itself ends past the last record
+// visited. The volume stays locked during the visit, so the visitor must not call
+// into the database. Returns how many records were visited; when fewer than
+// `max`, the last error says why (ERROR_NO_MORE_ITEMS at the end).
+size_t VisitRecordsInPlace(HANDLE db, size_t max, RecordVisitor* visitor);
 
 // The values of stored properties, by the property's type (the check on reading
 // made sure the size fits it).

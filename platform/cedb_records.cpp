@@ -1,4 +1,5 @@
 // The record calls: seek, read, write, delete.
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 
@@ -179,6 +180,27 @@ CEOID velmo::cedb::ReadRecordInPlace(HANDLE db, StoredRecord* record) {
   if (!CheckRecord(bytes, size)) return DamagedRecord(oid);
   *record = StoredRecord(bytes, size);
   return oid;
+}
+
+size_t velmo::cedb::VisitRecordsInPlace(HANDLE db, size_t max, RecordVisitor* visitor) {
+  auto lock = LockDatabases();
+  DbHandle* h = FindHandle(db);
+  if (!h) return 0;
+  h->cursor.Drop();
+  Query query = h->volume->Prepare(Sql::kVisitFrom);
+  query.Bind(1, h->db).Bind(2, static_cast<std::int64_t>(std::min<std::uint64_t>(h->position, INT64_MAX)));
+  size_t visited = 0;
+  CEOID last = 0;
+  for (; visited < max && query.Step(); ++visited) {
+    last = static_cast<CEOID>(query.Int(0));
+    const BYTE* bytes = query.Blob(1);
+    const size_t size = query.Bytes(1);
+    const bool damaged = !CheckRecord(bytes, size);
+    visitor->Visit({last, damaged, damaged ? StoredRecord() : StoredRecord(bytes, size)});
+  }
+  if (visited > 0 && (h->flags & CEDB_AUTOINCREMENT)) h->position = std::uint64_t{last} + 1;
+  if (visited < max && query.ok() && !query.failed()) SetFailure(ERROR_NO_MORE_ITEMS, "No more records.");
+  return visited;
 }
 
 CEOID CeWriteRecordProps(HANDLE db, CEOID oid, WORD count, CEPROPVAL* values) {

@@ -48,6 +48,7 @@ constexpr const char* kSqlText[] = {
     "UPDATE records SET props=?2 WHERE oid=?1",
     "DELETE FROM records WHERE oid=?1",
     "SELECT oid, length(props), props FROM records WHERE db=?1 AND oid>=?2 ORDER BY oid",
+    "SELECT oid, props FROM records WHERE db=?1 AND oid>=?2 ORDER BY oid",
     "SELECT oid FROM records WHERE db=?1 AND oid>=?2 ORDER BY oid LIMIT 1 OFFSET ?3",
     "SELECT oid FROM records WHERE db=?1 AND oid<?2 ORDER BY oid DESC LIMIT 1 OFFSET ?3",
     "SELECT count(*) FROM records WHERE db=?1 AND oid<?2",

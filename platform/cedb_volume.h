@@ -43,6 +43,7 @@ enum class Sql {
   kUpdateRecord,
   kDeleteRecord,
   kFetchFrom,
+  kVisitFrom,
   kNthFrom,
   kNthBefore,
   kCountBefore,

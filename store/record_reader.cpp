@@ -70,15 +70,9 @@ void ResetTask(Task* task) {
 
 }  // namespace
 
-BOOL ReadTaskRecord(Task* task, CEOID oid) {
-  StoreConnection& store = Store();
-  ResetTask(task);  // a failed read leaves the initial values
-  if (oid != 0 && CeSeekDatabase(store.tasks_db, CEDB_SEEK_CEOID, oid, nullptr) != oid) return FALSE;
-  cedb::StoredRecord record;
-  const CEOID read = cedb::ReadRecordInPlace(store.tasks_db, &record);
-  if (read == 0 || (oid != 0 && read != oid)) return FALSE;
-
-  task->oid = read;
+void FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
+  ResetTask(task);
+  task->oid = oid;
   Notes notes;
   cedb::StoredProp prop;
   while (record.Next(&prop)) ApplyProperty(prop, task, &notes);
@@ -88,12 +82,24 @@ BOOL ReadTaskRecord(Task* task, CEOID oid) {
   // hold: they get a copy.
   const char* scanned_notes = nullptr;
   if (notes.present) {
-    store.notes_copy.assign(notes.text);
-    scanned_notes = store.notes_copy.c_str();
+    notes_room->assign(notes.text);
+    scanned_notes = notes_room->c_str();
   }
   FillTaskLinks(*task, scanned_notes);
   task->search_match = RecordSearchMarks(task->subject, notes.text);
   if (!notes.present) task->search_match &= ~kSearchMatchNotes;
+}
+
+BOOL ReadTaskRecord(Task* task, CEOID oid) {
+  StoreConnection& store = Store();
+  cedb::StoredRecord record;
+  const bool sought = oid == 0 || CeSeekDatabase(store.tasks_db, CEDB_SEEK_CEOID, oid, nullptr) == oid;
+  const CEOID read = sought ? cedb::ReadRecordInPlace(store.tasks_db, &record) : 0;
+  if (read == 0 || (oid != 0 && read != oid)) {
+    ResetTask(task);
+    return FALSE;
+  }
+  FillTaskFromRecord(read, record, task, &store.notes_copy);
   return TRUE;
 }
 

@@ -36,12 +36,14 @@ std::unique_ptr<Task> NewTableTask() {
   return task;
 }
 
+void ReturnTableTask(std::unique_ptr<Task> task) { SpareTasks().push_back(std::move(task)); }
+
 BOOL ReadTask(Task* entry, CEOID oid, bool check_reminder) {
   ReadContext context;
   if (entry) context = {true, entry->reminder_time, entry->pending_reminder_time};
   std::unique_ptr<Task> task = NewTableTask();
   if (!ReadTaskRecord(task.get(), oid)) {
-    SpareTasks().push_back(std::move(task));
+    ReturnTableTask(std::move(task));
     return FALSE;
   }
   if (check_reminder) CheckReminder(task.get(), context);

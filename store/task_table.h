@@ -12,6 +12,8 @@ TaskTable& Tasks();
 // A Task record to read into for the table: one the last FreeTaskTable let go
 // when there is one, so that its texts' room is used again.
 std::unique_ptr<Task> NewTableTask();
+// Keeps a task record that did not go into the table for the next NewTableTask.
+void ReturnTableTask(std::unique_ptr<Task> task);
 
 // Reads record `oid` (0: the one at the position) into `entry`, or when entry is
 // null into a new task appended to the table. With check_reminder the reminder

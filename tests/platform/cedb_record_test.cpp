@@ -281,5 +281,38 @@ TEST_F(RecordTest, ADamagedRecordFailsAndTheWalkGoesOn) {
   EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
 }
 
+// Keeps what each visit was given: the identifier and the first property's
+// 16-bit value, -1 for a damaged record.
+struct VisitRecorder : velmo::cedb::RecordVisitor {
+  void Visit(const velmo::cedb::InPlaceRecord& record) override {
+    velmo::cedb::StoredRecord props = record.props;
+    velmo::cedb::StoredProp first{};
+    const bool has_first = !record.damaged && props.Next(&first);
+    seen.emplace_back(record.oid, has_first ? velmo::cedb::Int16Of(first) : -1);
+  }
+  std::vector<std::pair<CEOID, int>> seen;
+};
+
+TEST_F(RecordTest, AVisitHandsOverRecordsFromThePositionAndMovesPastThem) {
+  std::vector<CEOID> oids;
+  for (SHORT i = 1; i <= 5; ++i) oids.push_back(Write(0, {PropI2(1, i)}));
+  sqlite3* raw = nullptr;
+  ASSERT_EQ(sqlite3_open(VolumeFile().c_str(), &raw), SQLITE_OK);
+  std::string sql = "UPDATE records SET props=x'0200010004000000' WHERE oid=" + std::to_string(oids[2]);
+  ASSERT_EQ(sqlite3_exec(raw, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(raw);
+
+  ASSERT_EQ(CeSeekDatabase(db_, CEDB_SEEK_BEGINNING, 1, nullptr), oids[1]);
+  VisitRecorder visits;
+  EXPECT_EQ(velmo::cedb::VisitRecordsInPlace(db_, 3, &visits), 3u);
+  EXPECT_EQ(visits.seen, (std::vector<std::pair<CEOID, int>>{{oids[1], 2}, {oids[2], -1}, {oids[3], 4}}));
+  std::vector<CEPROPVAL> props;
+  EXPECT_EQ(Read(&props), oids[4]) << "the visit moved the handle past its last record";
+  visits.seen.clear();
+  EXPECT_EQ(velmo::cedb::VisitRecordsInPlace(db_, 10, &visits), 0u);
+  EXPECT_EQ(GetLastError(), ERROR_NO_MORE_ITEMS);
+  EXPECT_TRUE(visits.seen.empty());
+}
+
 }  // namespace
 }  // namespace velmo::testing
