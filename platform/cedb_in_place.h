@@ -29,42 +29,84 @@ struct StoredProp {
   DWORD size;
 };
 
-// A record's stored bytes, already checked: every header whole, every value
-// type known and every size one its type can have. Stepping through it only
-// splits off each header.
+// What a property's stored size must be, by its value type (every type is
+// below 128): a fixed width, an even count of bytes (UTF-16 strings), any size
+// (blobs), or 0 for a type the database does not know.
+constexpr BYTE kEvenSize = 0xFE;
+constexpr BYTE kAnySize = 0xFF;
+struct StoredSizes {
+  BYTE by_type[128] = {};
+  constexpr StoredSizes() {
+    by_type[CEVT_I2] = by_type[CEVT_UI2] = 2;
+    by_type[CEVT_I4] = by_type[CEVT_UI4] = by_type[CEVT_BOOL] = 4;
+    by_type[CEVT_R8] = by_type[CEVT_FILETIME] = 8;
+    by_type[CEVT_LPWSTR] = kEvenSize;
+    by_type[CEVT_BLOB] = kAnySize;
+  }
+};
+constexpr StoredSizes kStoredSizes;
+
+// The stored size rule of the property's type; 0 for an unknown type.
+inline BYTE StoredSizeRule(CEPROPID propid) {
+  const WORD type = TypeFromPropID(propid);
+  return type < 128 ? kStoredSizes.by_type[type] : 0;
+}
+
+inline bool StoredSizeFits(CEPROPID propid, DWORD size) {
+  switch (const BYTE rule = StoredSizeRule(propid)) {
+    case 0: return false;
+    case kAnySize: return true;
+    case kEvenSize: return size % 2 == 0;
+    default: return size == rule;
+  }
+}
+
+// A record's stored bytes, stepped through in place. Each step checks the
+// property it splits off (its header whole, its type known, its size one the
+// type can have); at damage the walk ends and damaged() tells.
 class StoredRecord {
  public:
   StoredRecord() = default;
   StoredRecord(const BYTE* bytes, size_t size) : bytes_(bytes), size_(size) {}
 
-  // The next property; false after the last.
+  // The next property; false after the last, or at damage.
   bool Next(StoredProp* prop) {
-    if (size_ - at_ < kStoredHeaderSize) return false;
+    if (at_ == size_) return false;
+    if (size_ - at_ < kStoredHeaderSize) return Damaged();
     std::memcpy(&prop->propid, bytes_ + at_, 4);
     std::memcpy(&prop->size, bytes_ + at_ + 4, 4);
-    prop->data = bytes_ + at_ + kStoredHeaderSize;
-    at_ += kStoredHeaderSize + prop->size;
+    at_ += kStoredHeaderSize;
+    if (prop->size > size_ - at_ || !StoredSizeFits(prop->propid, prop->size)) return Damaged();
+    prop->data = bytes_ + at_;
+    at_ += prop->size;
     return true;
   }
 
+  bool damaged() const { return damaged_; }
+
  private:
+  bool Damaged() {
+    damaged_ = true;
+    at_ = size_;
+    return false;
+  }
+
   const BYTE* bytes_ = nullptr;
   size_t size_ = 0;
   size_t at_ = 0;
+  bool damaged_ = false;
 };
 
 // Reads the record at the handle's position as CeReadRecordProps reads every
-// property, with the same moves and failures (no more records; a damaged record,
-// passed over when the handle moves on by itself), but hands over the stored
-// bytes. They stay valid until the next call with this handle. Returns the
-// record's identifier, or 0 on failure (last error set).
+// property, with the same moves (the handle may move on by itself), but hands
+// over the stored bytes, unchecked until stepped through. They stay valid until
+// the next call with this handle. Returns the record's identifier, or 0 on
+// failure (last error set).
 CEOID ReadRecordInPlace(HANDLE db, StoredRecord* record);
 
-// One record handed to a visitor. A damaged record comes flagged, its
-// properties left empty.
+// One record handed to a visitor.
 struct InPlaceRecord {
   CEOID oid;
-  bool damaged;
   StoredRecord props;
 };
 
@@ -85,8 +127,8 @@ class RecordVisitor {
 // `max`, the last error says why (ERROR_NO_MORE_ITEMS at the end).
 size_t VisitRecordsInPlace(HANDLE db, size_t max, RecordVisitor* visitor);
 
-// The values of stored properties, by the property's type (the check on reading
-// made sure the size fits it).
+// The values of stored properties, by the property's type (the step that split
+// the property off made sure the size fits it).
 inline std::int16_t Int16Of(const StoredProp& p) {
   std::int16_t v;
   std::memcpy(&v, p.data, 2);

@@ -7,36 +7,6 @@ namespace {
 
 constexpr size_t kDataAlign = 8;   // data behind the CEPROPVAL array
 
-// Stored size of each fixed-width type; 0 for the variable ones.
-struct TypeInfo {
-  WORD type;
-  DWORD fixed_size;
-};
-constexpr TypeInfo kTypes[] = {
-    {CEVT_I2, 2},       {CEVT_UI2, 2},       {CEVT_I4, 4},     {CEVT_UI4, 4},
-    {CEVT_BOOL, 4},     {CEVT_R8, 8},        {CEVT_FILETIME, 8},
-    {CEVT_LPWSTR, 0},   {CEVT_BLOB, 0},
-};
-
-// kTypes by value type, for a lookup without a search (every type is below 128).
-struct TypeIndex {
-  const TypeInfo* by_type[128] = {};
-  constexpr TypeIndex() {
-    for (const TypeInfo& info : kTypes) by_type[info.type] = &info;
-  }
-};
-constexpr TypeIndex kTypeIndex;
-
-const TypeInfo* FindType(CEPROPID propid) {
-  WORD type = TypeFromPropID(propid);
-  return type < 128 ? kTypeIndex.by_type[type] : nullptr;
-}
-
-bool SizeFitsType(const TypeInfo& info, DWORD size) {
-  if (info.fixed_size) return size == info.fixed_size;
-  return info.type != CEVT_LPWSTR || size % 2 == 0;
-}
-
 size_t AlignUp(size_t n) { return (n + kDataAlign - 1) & ~(kDataAlign - 1); }
 
 bool IsHighSurrogate(char16_t u) { return u >= 0xD800 && u <= 0xDBFF; }
@@ -107,10 +77,10 @@ void EncodeUtf16(const wchar_t* text, std::string* out) {
 
 // The stored data of one value to write; false for a type or pointer it cannot be.
 bool EncodeData(const CEPROPVAL& value, std::string* out) {
-  const TypeInfo* info = FindType(value.propid);
-  if (!info) return false;
+  const BYTE rule = StoredSizeRule(value.propid);
+  if (rule == 0) return false;
   const CEVALUNION& v = value.val;
-  switch (info->type) {
+  switch (TypeFromPropID(value.propid)) {
     case CEVT_LPWSTR:
       if (!v.lpwstr) return false;
       EncodeUtf16(v.lpwstr, out);
@@ -126,7 +96,7 @@ bool EncodeData(const CEPROPVAL& value, std::string* out) {
       out->append(reinterpret_cast<const char*>(&v.dblVal), 8);
       return true;
     default:  // the integers and BOOL sit at the start of the union
-      out->append(reinterpret_cast<const char*>(&v), info->fixed_size);
+      out->append(reinterpret_cast<const char*>(&v), rule);
       return true;
   }
 }
@@ -183,39 +153,14 @@ void FillValue(const StoredProp& prop, CEPROPVAL* out, BYTE** cursor) {
   }
 }
 
-// The property stored at *at, checked, and *at moved past it; false when the
-// bytes are damaged there. Inlined: it runs for every property of every record
-// read, and as a call it cost a sixth of a whole table load.
-[[gnu::always_inline]] inline bool NextStored(const BYTE* bytes, size_t size, size_t* at,
-                                              StoredProp* prop) {
-  if (size - *at < kStoredHeaderSize) return false;
-  std::memcpy(&prop->propid, bytes + *at, 4);
-  std::memcpy(&prop->size, bytes + *at + 4, 4);
-  *at += kStoredHeaderSize;
-  const TypeInfo* info = FindType(prop->propid);
-  if (!info || prop->size > size - *at || !SizeFitsType(*info, prop->size)) return false;
-  prop->data = bytes + *at;
-  *at += prop->size;
-  return true;
-}
-
 }  // namespace
 
 bool ParseRecord(const BYTE* bytes, size_t size, std::vector<StoredProp>* out) {
   out->clear();
+  StoredRecord record(bytes, size);
   StoredProp prop;
-  for (size_t at = 0; at < size;) {
-    if (!NextStored(bytes, size, &at, &prop)) return false;
-    out->push_back(prop);
-  }
-  return true;
-}
-
-bool CheckRecord(const BYTE* bytes, size_t size) {
-  StoredProp prop;
-  for (size_t at = 0; at < size;)
-    if (!NextStored(bytes, size, &at, &prop)) return false;
-  return true;
+  while (record.Next(&prop)) out->push_back(prop);
+  return !record.damaged();
 }
 
 void AssignText(const StoredProp& p, std::wstring* out) {
@@ -226,22 +171,20 @@ void AssignText(const StoredProp& p, std::wstring* out) {
 bool MeasureRecord(const BYTE* bytes, size_t size, size_t* count, size_t* buffer_size) {
   size_t props = 0;
   size_t data = 0;
+  StoredRecord record(bytes, size);
   StoredProp prop;
-  for (size_t at = 0; at < size; ++props) {
-    if (!NextStored(bytes, size, &at, &prop)) return false;
-    data += DataSize(prop);
-  }
+  for (; record.Next(&prop); ++props) data += DataSize(prop);
   *count = props;
   *buffer_size = AlignUp(props * sizeof(CEPROPVAL)) + data;
-  return true;
+  return !record.damaged();
 }
 
 void FillEveryProp(const BYTE* bytes, size_t size, size_t count, BYTE* buffer) {
   auto* values = reinterpret_cast<CEPROPVAL*>(buffer);
   BYTE* cursor = buffer + AlignUp(count * sizeof(CEPROPVAL));
+  StoredRecord record(bytes, size);
   StoredProp prop;
-  size_t at = 0;
-  for (size_t i = 0; i < count && NextStored(bytes, size, &at, &prop); ++i) {
+  for (size_t i = 0; i < count && record.Next(&prop); ++i) {
     std::memset(&values[i], 0, sizeof values[i]);
     FillValue(prop, &values[i], &cursor);
   }

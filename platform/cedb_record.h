@@ -37,10 +37,6 @@ size_t ReadBufferSize(const std::vector<const StoredProp*>& selected);
 void FillReadBuffer(const std::vector<const StoredProp*>& selected, const CEPROPID* ids,
                     BYTE* buffer);
 
-// True when the stored bytes are whole, as ParseRecord checks them, without
-// keeping a list.
-bool CheckRecord(const BYTE* bytes, size_t size);
-
 // A read of every property, the common case, straight from the stored bytes
 // without a list between: MeasureRecord checks them as ParseRecord does (false
 // when damaged) and gives the number of properties and the read buffer's size;

@@ -102,11 +102,6 @@ bool FetchAtPosition(DbHandle* h, CEOID* oid, const BYTE** bytes, size_t* size) 
   return found;
 }
 
-CEOID DamagedRecord(CEOID oid) {
-  SetFailure(ERROR_INVALID_DATA, "The " + RecordName(oid) + " is damaged.");
-  return 0;
-}
-
 }  // namespace
 
 CEOID CeSeekDatabase(HANDLE db, DWORD seek_type, DWORD value, DWORD* index) {
@@ -151,7 +146,8 @@ CEOID CeReadRecordProps(HANDLE db, DWORD flags, WORD* count, CEPROPID* ids, BYTE
   size_t need = 0;
   if (ids ? !ParseRecord(bytes, size, &h->parsed) : !MeasureRecord(bytes, size, &props, &need)) {
     if (advance) h->position = std::uint64_t{oid} + 1;  // a damaged record is passed over
-    return DamagedRecord(oid);
+    SetFailure(ERROR_INVALID_DATA, "The " + RecordName(oid) + " is damaged.");
+    return 0;
   }
   if (ids) {
     SelectProps(h->parsed, ids, *count, &h->selected);
@@ -177,7 +173,6 @@ CEOID velmo::cedb::ReadRecordInPlace(HANDLE db, StoredRecord* record) {
   size_t size = 0;
   if (!FetchAtPosition(h, &oid, &bytes, &size)) return 0;
   if (h->flags & CEDB_AUTOINCREMENT) h->position = std::uint64_t{oid} + 1;
-  if (!CheckRecord(bytes, size)) return DamagedRecord(oid);
   *record = StoredRecord(bytes, size);
   return oid;
 }
@@ -193,10 +188,7 @@ size_t velmo::cedb::VisitRecordsInPlace(HANDLE db, size_t max, RecordVisitor* vi
   CEOID last = 0;
   for (; visited < max && query.Step(); ++visited) {
     last = static_cast<CEOID>(query.Int(0));
-    const BYTE* bytes = query.Blob(1);
-    const size_t size = query.Bytes(1);
-    const bool damaged = !CheckRecord(bytes, size);
-    visitor->Visit({last, damaged, damaged ? StoredRecord() : StoredRecord(bytes, size)});
+    visitor->Visit({last, StoredRecord(query.Blob(1), query.Bytes(1))});
   }
   if (visited > 0 && (h->flags & CEDB_AUTOINCREMENT)) h->position = std::uint64_t{last} + 1;
   if (visited < max && query.ok() && !query.failed()) SetFailure(ERROR_NO_MORE_ITEMS, "No more records.");

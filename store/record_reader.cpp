@@ -70,12 +70,16 @@ void ResetTask(Task* task) {
 
 }  // namespace
 
-void FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
+bool FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
   ResetTask(task);
   task->oid = oid;
   Notes notes;
   cedb::StoredProp prop;
   while (record.Next(&prop)) ApplyProperty(prop, task, &notes);
+  if (record.damaged()) {
+    ResetTask(task);
+    return false;
+  }
 
   task->reminder_time = ReminderTimeOf(*task);
   // The scanners read text that ends in a zero byte, which stored notes need not
@@ -88,6 +92,7 @@ void FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::s
   FillTaskLinks(*task, scanned_notes);
   task->search_match = RecordSearchMarks(task->subject, notes.text);
   if (!notes.present) task->search_match &= ~kSearchMatchNotes;
+  return true;
 }
 
 BOOL ReadTaskRecord(Task* task, CEOID oid) {
@@ -99,8 +104,7 @@ BOOL ReadTaskRecord(Task* task, CEOID oid) {
     ResetTask(task);
     return FALSE;
   }
-  FillTaskFromRecord(read, record, task, &store.notes_copy);
-  return TRUE;
+  return FillTaskFromRecord(read, record, task, &store.notes_copy) ? TRUE : FALSE;
 }
 
 }  // namespace velmo

@@ -19,7 +19,8 @@ BOOL ReadTaskRecord(Task* task, CEOID oid);
 
 // Fills a task from a record read in place (platform/cedb_in_place.h): the
 // task is reset first; notes_room keeps the room the link scanners' copy of the
-// notes needs, for the next record.
-void FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room);
+// notes needs, for the next record. False (the task reset) when the record is
+// damaged.
+bool FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room);
 
 }  // namespace velmo

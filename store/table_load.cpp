@@ -18,10 +18,11 @@ namespace {
 class TableFiller : public cedb::RecordVisitor {
  public:
   void Visit(const cedb::InPlaceRecord& record) override {
-    if (record.damaged) return;
     std::unique_ptr<Task> task = NewTableTask();
-    FillTaskFromRecord(record.oid, record.props, task.get(), &Store().notes_copy);
-    Tasks().push_back(std::move(task));
+    if (FillTaskFromRecord(record.oid, record.props, task.get(), &Store().notes_copy))
+      Tasks().push_back(std::move(task));
+    else
+      ReturnTableTask(std::move(task));
   }
 };
 

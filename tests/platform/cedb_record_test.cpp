@@ -269,12 +269,15 @@ TEST_F(RecordTest, ADamagedRecordFailsAndTheWalkGoesOn) {
   EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
   EXPECT_NE(velmo::cedb::LastFailure().find("damaged"), std::string::npos);
   EXPECT_EQ(Read(&props), last);
-  // Read in place, the same.
+  // Read in place, the damage shows when the record is stepped through.
   velmo::cedb::StoredRecord record;
+  velmo::cedb::StoredProp prop;
   ASSERT_EQ(CeSeekDatabase(db_, CEDB_SEEK_BEGINNING, 0, nullptr), first);
   EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), first);
-  EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), 0u);
-  EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
+  EXPECT_TRUE(record.Next(&prop) && !record.Next(&prop) && !record.damaged());
+  EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), damaged);
+  EXPECT_FALSE(record.Next(&prop));
+  EXPECT_TRUE(record.damaged());
   EXPECT_EQ(velmo::cedb::ReadRecordInPlace(db_, &record), last);
   // Writing into it is refused rather than overwriting what is left.
   EXPECT_EQ(Write(damaged, {PropI2(1, 5)}), 0u);
@@ -287,8 +290,9 @@ struct VisitRecorder : velmo::cedb::RecordVisitor {
   void Visit(const velmo::cedb::InPlaceRecord& record) override {
     velmo::cedb::StoredRecord props = record.props;
     velmo::cedb::StoredProp first{};
-    const bool has_first = !record.damaged && props.Next(&first);
+    const bool has_first = props.Next(&first);
     seen.emplace_back(record.oid, has_first ? velmo::cedb::Int16Of(first) : -1);
+    EXPECT_EQ(props.damaged(), !has_first);
   }
   std::vector<std::pair<CEOID, int>> seen;
 };

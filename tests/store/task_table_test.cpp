@@ -1,11 +1,13 @@
 // Loading, finding and freeing the task table; the direct reads and writes;
 // categories of the other databases.
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <string>
 #include <vector>
 
 #include "platform/cedb.h"
+#include "platform/device.h"
 #include "settings/settings.h"
 #include "store/connection.h"
 #include "store/direct_writes.h"
@@ -49,6 +51,25 @@ TEST_F(TaskTableTest, LoadKeepsDatabaseOrderUpToTheCap) {
   LoadSettings(reloaded);
   EXPECT_EQ(reloaded.last_modified.dwLowDateTime, info.ftLastModified.dwLowDateTime);
   EXPECT_EQ(reloaded.last_modified.dwHighDateTime, info.ftLastModified.dwHighDateTime);
+}
+
+TEST_F(TaskTableTest, ADamagedRecordIsLeftOutAndTheRestLoads) {
+  const std::vector<CEOID> oids = AddTasks(3);
+  sqlite3* raw = nullptr;
+  ASSERT_EQ(sqlite3_open(device::MapPlatformPath(cedb::kDefaultVolumePath).c_str(), &raw), SQLITE_OK);
+  const std::string sql = "UPDATE records SET props=x'1F0037000300000041' WHERE oid=" + std::to_string(oids[1]);
+  ASSERT_EQ(sqlite3_exec(raw, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(raw);
+  // The first load after the change checks reminders record by record; the
+  // reload reads them all in one go.
+  for (const char* load : {"checking load", "plain reload"}) {
+    SCOPED_TRACE(load);
+    Store().reload = true;
+    ASSERT_TRUE(LoadTaskTable());
+    ASSERT_EQ(Tasks().size(), 2u);
+    EXPECT_EQ(Tasks()[0]->subject, L"task 0");
+    EXPECT_EQ(Tasks()[1]->subject, L"task 2");
+  }
 }
 
 TEST_F(TaskTableTest, WithoutTheVolumeEverythingFailsQuietly) {
