@@ -17,6 +17,12 @@ TEST(FillTaskLinks, SubjectNumberFirstAddressesFromEither) {
       {L"See www.example.com", nullptr, L"", 1, 0},
       {L"Write to anna@example.org", L"about http://example.org", L"", 1, 1},
       {L"Plain subject", L"plain notes", L"", 0, 0},
+      // Longer subjects, their links at every offset within the counted blocks.
+      {L"Ring the office on +44 20 7946 0958 today", nullptr, L"+44 20 7946 0958", 0, 0},
+      {L"Docs at ftp://files.example.org/a", nullptr, L"", 1, 0},
+      {L"Forward it to the team: anna@example.org", nullptr, L"", 0, 1},
+      {L"www.example.com", nullptr, L"", 1, 0},
+      {L"Order 1234 and 567, with the new window", nullptr, L"", 0, 0},
       {L"", L"", L"", 0, 0},
   };
   for (const LinksCase& c : cases) {
