@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
-#include <unordered_set>
+#include <utility>
 
 #include "categories/category_names.h"
 #include "categories/category_state.h"
@@ -37,18 +37,32 @@ bool TaskPassesFilter(const Task& task) {
   return CategoriesPassFilter(CategoryFilterList(), task.categories);
 }
 
-void MarkCategoryUse(const TaskTable& tasks) {
-  CategoryList& catalogue = CategoryCatalogue();
-  for (CategoryEntry& e : catalogue.entries)
+// Room for the distinct category texts of a table without growing on the way.
+constexpr size_t kDistinctTextsExpected = 256;
+
+CategoryUseMarking::CategoryUseMarking() {
+  for (CategoryEntry& e : CategoryCatalogue().entries)
     e.marks &= static_cast<WORD>(~(InLoadedTasks | InFilter));
-  // Tasks share a few category texts, and marking is the same each time, so
-  // each distinct text is parsed once.
-  std::unordered_set<std::wstring_view> parsed;
-  for (const auto& task : tasks)
-    if (task && task->oid != 0 && parsed.insert(task->categories).second)
-      ParseCategories(catalogue, task->categories, InLoadedTasks, false);
+  parsed_.reserve(kDistinctTextsExpected);
+}
+
+void CategoryUseMarking::Mark(const Task& task) {
+  // Most tasks have no categories at all: that text needs no hashing.
+  const bool first = task.categories.empty() ? !std::exchange(empty_parsed_, true)
+                                             : parsed_.insert(task.categories).second;
+  if (first) ParseCategories(CategoryCatalogue(), task.categories, InLoadedTasks, false);
+}
+
+void CategoryUseMarking::Finish() {
   for (const CategoryEntry& e : CategoryFilterList().entries)
-    AddCategory(catalogue, e.name, InFilter, kAddCategoryMerge);
+    AddCategory(CategoryCatalogue(), e.name, InFilter, kAddCategoryMerge);
+}
+
+void MarkCategoryUse(const TaskTable& tasks) {
+  CategoryUseMarking marking;
+  for (const auto& task : tasks)
+    if (task && task->oid != 0) marking.Mark(*task);
+  marking.Finish();
 }
 
 }  // namespace velmo

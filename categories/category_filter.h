@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string_view>
+#include <unordered_set>
 
 #include "categories/category_list.h"
 #include "store/task.h"
@@ -23,5 +24,19 @@ bool TaskPassesFilter(const Task& task);
 // Recomputes InLoadedTasks (from the loaded tasks) and InFilter (from the Filter
 // list) on the catalogue. Entries are never removed.
 void MarkCategoryUse(const TaskTable& tasks);
+
+// The same one task at a time, as a load reads them: starting clears the marks,
+// Finish adds the Filter list's. Tasks share a few category texts, and marking
+// is the same each time, so each distinct text is parsed once.
+class CategoryUseMarking {
+ public:
+  CategoryUseMarking();
+  void Mark(const Task& task);
+  void Finish();
+
+ private:
+  std::unordered_set<std::wstring_view> parsed_;  // views into the marked tasks
+  bool empty_parsed_ = false;
+};
 
 }  // namespace velmo

@@ -16,7 +16,7 @@ void RunAfterSyncPass() {
   if (OpenTasksDatabaseHandle(nullptr, false, 0) && ReadTasksDatabaseInfo(&info) &&
       !SameFileTime(info.ftLastModified, settings.last_modified) && LogOnObjectModel(nullptr)) {
     // Every record, without the interactive cap.
-    const bool written = ReadRecords(info.dwNumRecords, true);
+    const bool written = ReadRecords(info.dwNumRecords, true, nullptr);
     FreeReadBuffer();
     FreeTaskTable();
     // A lost batch leaves the stored time behind, so the next pass tries again.

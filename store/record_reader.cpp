@@ -23,21 +23,18 @@ DATE DateOf(const cedb::StoredProp& p) {
   return FileTimeToDate(cedb::FileTimeOf(p), &date) ? date : kNoDate;
 }
 
-// What the walk over the properties found besides the fields: the notes as
-// stored, read in place.
-struct Notes {
-  bool present = false;
-  std::string_view text;
-};
+std::string_view BytesOf(const cedb::StoredProp& p) {
+  return {reinterpret_cast<const char*>(p.data), p.size};
+}
 
 // The property identifiers carry their value type, so each case below reads a
 // value of the type it names; a known property stored with another type is
-// another identifier and is passed over.
-void ApplyProperty(const cedb::StoredProp& p, Task* t, Notes* notes) {
+// another identifier and is passed over. Texts are only noted here.
+void ApplyProperty(const cedb::StoredProp& p, Task* t, StoredTexts* texts) {
   switch (p.propid) {
-    case kPropSubject: cedb::AssignText(p, &t->subject); break;
-    case kPropCategories: cedb::AssignText(p, &t->categories); break;
-    case kPropReminderSound: cedb::AssignText(p, &t->reminder_sound); break;
+    case kPropSubject: texts->subject = BytesOf(p); break;
+    case kPropCategories: texts->categories = BytesOf(p); break;
+    case kPropReminderSound: texts->reminder_sound = BytesOf(p); break;
     case kPropStartDate: t->start_date = DateOf(p); break;
     case kPropDueDate: t->due_date = DateOf(p); break;
     case kPropDateCompleted: t->date_completed = DateOf(p); break;
@@ -53,12 +50,23 @@ void ApplyProperty(const cedb::StoredProp& p, Task* t, Notes* notes) {
     case kPropReminderMinutes: t->reminder_minutes = cedb::Int32Of(p); break;
     case kPropReminderOptions: t->reminder_options = cedb::Int32Of(p); break;
     case kPropNotificationHandle: t->notification_handle = cedb::UInt32Of(p); break;
-    case kPropNotes:
-      notes->present = NotesOf(p.data, p.size, &notes->text);
-      if (notes->present) t->notes_state = NotesStateOf(notes->text);
+    case kPropNotes: {
+      std::string_view notes;
+      if (NotesOf(p.data, p.size, &notes)) {
+        texts->notes = notes;
+        t->notes_state = NotesStateOf(notes);
+      } else {
+        texts->notes.reset();
+        t->notes_state = kNoNotes;
+      }
       break;
+    }
     default: break;  // another property, or a known one of an unexpected type
   }
+}
+
+void AssignUtf16(std::string_view bytes, std::wstring* out) {
+  cedb::AssignText({0, reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size())}, out);
 }
 
 // A fresh record's values. Copying empty texts keeps the texts' room for the
@@ -70,28 +78,37 @@ void ResetTask(Task* task) {
 
 }  // namespace
 
-bool FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
-  ResetTask(task);
+bool FillTaskFields(CEOID oid, cedb::StoredRecord record, Task* task, StoredTexts* texts) {
+  // Only the values: FinishTask sets every text field.
+  static_cast<TaskValues&>(*task) = TaskValues();
+  *texts = {};
   task->oid = oid;
-  Notes notes;
   cedb::StoredProp prop;
-  while (record.Next(&prop)) ApplyProperty(prop, task, &notes);
+  while (record.Next(&prop)) ApplyProperty(prop, task, texts);
   if (record.damaged()) {
     ResetTask(task);
     return false;
   }
-
   task->reminder_time = ReminderTimeOf(*task);
+  return true;
+}
+
+void FinishTask(Task* task, const StoredTexts& texts, const char* scanned_notes) {
+  AssignUtf16(texts.subject, &task->subject);
+  AssignUtf16(texts.categories, &task->categories);
+  AssignUtf16(texts.reminder_sound, &task->reminder_sound);
+  task->search_match = RecordSearchMarks(task->subject, texts.notes.value_or(std::string_view()));
+  if (!texts.notes) task->search_match &= ~kSearchMatchNotes;
+  FillTaskLinks(*task, scanned_notes);
+}
+
+bool FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
+  StoredTexts texts;
+  if (!FillTaskFields(oid, record, task, &texts)) return false;
   // The scanners read text that ends in a zero byte, which stored notes need not
   // hold: they get a copy.
-  const char* scanned_notes = nullptr;
-  if (notes.present) {
-    notes_room->assign(notes.text);
-    scanned_notes = notes_room->c_str();
-  }
-  FillTaskLinks(*task, scanned_notes);
-  task->search_match = RecordSearchMarks(task->subject, notes.text);
-  if (!notes.present) task->search_match &= ~kSearchMatchNotes;
+  if (texts.notes) notes_room->assign(*texts.notes);
+  FinishTask(task, texts, texts.notes ? notes_room->c_str() : nullptr);
   return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 
+#include "categories/category_filter.h"
 #include "platform/wintypes.h"
 
 namespace velmo {
@@ -14,7 +15,8 @@ inline bool SameFileTime(const FILETIME& a, const FILETIME& b) {
 
 // Seeks to the first record and reads `count` records one after another into
 // the table (a record that cannot be read is skipped but counted), each with
-// the reminder check when asked. False when the checks' writes were lost.
-bool ReadRecords(size_t count, bool check_reminder);
+// the reminder check when asked, and marks the categories of each task read
+// when given a marking. False when the checks' writes were lost.
+bool ReadRecords(size_t count, bool check_reminder, CategoryUseMarking* marking);
 
 }  // namespace velmo

@@ -19,11 +19,9 @@ enum NotesState : WORD { kNoNotes = 0, kHasNotes = 1, kLongNotesEndingInBracket 
 constexpr DWORD kSearchMatchNotes = 1;
 constexpr DWORD kSearchMatchSubject = 2;
 
-struct Task {
+// The fields a record's values give, apart from its texts.
+struct TaskValues {
   CEOID oid = 0;  // 0 marks a freed slot
-  std::wstring subject;
-  std::wstring categories;
-  std::wstring phone_number;  // first telephone number found; empty when none
   DATE date_completed = kNoDate;
   DATE due_date = kNoDate;
   DATE start_date = kNoDate;
@@ -35,15 +33,24 @@ struct Task {
   WORD reminder_set = 0;
   WORD notes_state = kNoNotes;
   WORD team_task = 0;
-  LONG web_link_count = 0;
-  LONG mail_link_count = 0;
-  DWORD search_match = 0;
   DATE pending_reminder_time = kNoDate;
   LONG reminder_base_flag = 0;  // non-zero: the reminder counts back from the due date
   LONG reminder_minutes = 0;
   LONG reminder_options = 0;  // -1: the default notification actions
   DWORD notification_handle = 0;
+};
+
+struct Task : TaskValues {
+  // The texts and what is found in them. A load may fill these on a second
+  // thread while the first fills the values of the next tasks, so they start a
+  // cache line of their own: the two threads never write the same line.
+  alignas(64) std::wstring subject;
+  std::wstring categories;
+  std::wstring phone_number;  // first telephone number found; empty when none
   std::wstring reminder_sound;
+  LONG web_link_count = 0;
+  LONG mail_link_count = 0;
+  DWORD search_match = 0;
 };
 
 // The interactive load keeps at most this many tasks.

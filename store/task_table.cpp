@@ -63,12 +63,13 @@ BOOL LoadTaskTable(size_t limit) {
   CEDBASEINFOEX info{};
   const bool known = ReadTasksDatabaseInfo(&info);
   const bool changed = known && !SameFileTime(info.ftLastModified, CurrentSettings().last_modified);
-  ReadRecords(known ? std::min<size_t>(info.dwNumRecords, limit) : 0, changed);
+  CategoryUseMarking marking;
+  ReadRecords(known ? std::min<size_t>(info.dwNumRecords, limit) : 0, changed, &marking);
 
   FreeReadBuffer();
   if (ReadTasksDatabaseInfo(&info) && !SameFileTime(info.ftLastModified, CurrentSettings().last_modified))
     SaveLastModified(info.ftLastModified);
-  MarkCategoryUse(Tasks());
+  marking.Finish();
   UpdateTodayTask(false);
   return TRUE;
 }

@@ -4,14 +4,21 @@
 #include <sqlite3.h>
 
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
+#include "categories/category_filter.h"
+#include "categories/category_state.h"
+#include "cli/demo_tasks.h"
 #include "platform/cedb.h"
 #include "platform/device.h"
 #include "settings/settings.h"
 #include "store/connection.h"
 #include "store/direct_writes.h"
 #include "store/other_categories.h"
+#include "store/record_reader.h"
+#include "store/store_session.h"
 #include "store/task_props.h"
 #include "store/task_table.h"
 #include "tests/store/store_fixture.h"
@@ -51,6 +58,50 @@ TEST_F(TaskTableTest, LoadKeepsDatabaseOrderUpToTheCap) {
   LoadSettings(reloaded);
   EXPECT_EQ(reloaded.last_modified.dwLowDateTime, info.ftLastModified.dwLowDateTime);
   EXPECT_EQ(reloaded.last_modified.dwHighDateTime, info.ftLastModified.dwHighDateTime);
+}
+
+// Every field, so that a load and a one-by-one read can be compared.
+auto FieldsOf(const Task& t) {
+  return std::make_tuple(t.oid, t.subject, t.categories, t.phone_number, t.date_completed, t.due_date,
+                         t.start_date, t.reminder_time, t.importance, t.sensitivity, t.complete,
+                         t.recurring, t.reminder_set, t.notes_state, t.team_task, t.web_link_count,
+                         t.mail_link_count, t.search_match, t.pending_reminder_time,
+                         t.reminder_base_flag, t.reminder_minutes, t.reminder_options,
+                         t.notification_handle, t.reminder_sound);
+}
+
+std::vector<std::pair<std::wstring, WORD>> CatalogueMarks() {
+  std::vector<std::pair<std::wstring, WORD>> marks;
+  for (const CategoryEntry& e : CategoryCatalogue().entries) marks.emplace_back(e.name, e.marks);
+  return marks;
+}
+
+// A reload fills its tasks on two threads; each task must come out as a read of
+// its record alone gives it, and the categories marked as a one-thread pass
+// marks them. Demo tasks have every kind of field, links and categories.
+TEST_F(TaskTableTest, AReloadFillsEachTaskAsAOneByOneReadDoes) {
+  ASSERT_TRUE(LogOnObjectModel(nullptr));
+  cli::DemoTaskMaker maker(600, MakeDate(2024, 5, 15));
+  cedb::BeginWriteBatch(&Store().volume);
+  for (int i = 0; i < 600; ++i) ASSERT_EQ(cli::SaveDemoTask(maker.Next(), Store().app), S_OK);
+  cedb::EndWriteBatch(&Store().volume);
+  for (int load = 0; load < 3; ++load) {  // the first load checks reminders one by one
+    Store().reload = true;
+    ASSERT_TRUE(LoadTaskTable());
+  }
+  ASSERT_EQ(Tasks().size(), 600u);
+  const auto marks = CatalogueMarks();
+  for (const auto& task : Tasks()) {
+    Task alone;
+    ASSERT_TRUE(ReadTaskRecord(&alone, task->oid));
+    ASSERT_EQ(FieldsOf(*task), FieldsOf(alone)) << "task " << task->oid;
+  }
+  size_t with_links = 0;
+  for (const auto& task : Tasks()) with_links += !task->phone_number.empty() || task->web_link_count > 0;
+  EXPECT_GT(with_links, 100u) << "the demo tasks hold links";
+  MarkCategoryUse(Tasks());
+  EXPECT_EQ(CatalogueMarks(), marks);
+  LogOffObjectModel();
 }
 
 TEST_F(TaskTableTest, ADamagedRecordIsLeftOutAndTheRestLoads) {
