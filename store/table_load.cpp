@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -216,13 +217,22 @@ class SecondThread {
   void Hand(TaskFinisher* finisher) {
     {
       std::lock_guard lock(mutex_);
-      if (!thread_.joinable()) thread_ = std::thread(&SecondThread::Run, this);
+      if (!thread_.joinable() && !Start()) return;  // the reading thread does it all
       finisher_ = finisher;
     }
     wake_.notify_one();
   }
 
  private:
+  bool Start() {
+    try {
+      thread_ = std::thread(&SecondThread::Run, this);
+      return true;
+    } catch (const std::system_error&) {  // no thread to be had: out of resources
+      return false;
+    }
+  }
+
   void Run() {
     std::unique_lock lock(mutex_);
     for (;;) {
