@@ -147,8 +147,10 @@ inline FILETIME FileTimeOf(const StoredProp& p) {
   return v;
 }
 
-// A string property as wide text (a lone surrogate becomes U+FFFD); the string
-// keeps its room for the next one.
-void AssignText(const StoredProp& p, std::wstring* out);
+// Stored UTF-16 bytes as wide text (a lone surrogate becomes U+FFFD); the
+// string keeps its room for the next one. AssignText does it for a string
+// property.
+void AssignUtf16(const BYTE* data, size_t size, std::wstring* out);
+inline void AssignText(const StoredProp& p, std::wstring* out) { AssignUtf16(p.data, p.size, out); }
 
 }  // namespace velmo::cedb

@@ -163,9 +163,9 @@ bool ParseRecord(const BYTE* bytes, size_t size, std::vector<StoredProp>* out) {
   return !record.damaged();
 }
 
-void AssignText(const StoredProp& p, std::wstring* out) {
-  out->resize(p.size / 2);
-  out->resize(DecodeUtf16(p.data, p.size / 2, out->data()));
+void AssignUtf16(const BYTE* data, size_t size, std::wstring* out) {
+  out->resize(size / 2);
+  out->resize(DecodeUtf16(data, size / 2, out->data()));
 }
 
 bool MeasureRecord(const BYTE* bytes, size_t size, size_t* count, size_t* buffer_size) {

@@ -65,8 +65,8 @@ void ApplyProperty(const cedb::StoredProp& p, Task* t, StoredTexts* texts) {
   }
 }
 
-void AssignUtf16(std::string_view bytes, std::wstring* out) {
-  cedb::AssignText({0, reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size())}, out);
+void AssignText(std::string_view utf16, std::wstring* out) {
+  cedb::AssignUtf16(reinterpret_cast<const BYTE*>(utf16.data()), utf16.size(), out);
 }
 
 // A fresh record's values. Copying empty texts keeps the texts' room for the
@@ -94,9 +94,9 @@ bool FillTaskFields(CEOID oid, cedb::StoredRecord record, Task* task, StoredText
 }
 
 void FinishTask(Task* task, const StoredTexts& texts, const char* scanned_notes) {
-  AssignUtf16(texts.subject, &task->subject);
-  AssignUtf16(texts.categories, &task->categories);
-  AssignUtf16(texts.reminder_sound, &task->reminder_sound);
+  AssignText(texts.subject, &task->subject);
+  AssignText(texts.categories, &task->categories);
+  AssignText(texts.reminder_sound, &task->reminder_sound);
   task->search_match = RecordSearchMarks(task->subject, texts.notes.value_or(std::string_view()));
   if (!texts.notes) task->search_match &= ~kSearchMatchNotes;
   FillTaskLinks(*task, scanned_notes);
