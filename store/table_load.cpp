@@ -149,11 +149,14 @@ class TaskFinisher {
   };
 
   void Work() {
+    // Read once: the reading thread writes next to them for every task.
+    const Job* const jobs = jobs_.data();
+    CategoryUseMarking* const marking = marking_;
     for (size_t i = 0;; ++i) {
       if (!WaitFor(i)) return;
-      const Job& job = jobs_[i];
+      const Job& job = jobs[i];
       FinishTask(job.task, job.texts, job.texts.notes ? job.texts.notes->data() : nullptr);
-      if (marking_) marking_->Mark(*job.task);
+      if (marking) marking->Mark(*job.task);
     }
   }
 
@@ -168,8 +171,9 @@ class TaskFinisher {
   std::vector<Job> jobs_;
   NotesArena arena_;
   CategoryUseMarking* marking_ = nullptr;
-  size_t added_ = 0;  // the reading thread's own count
-  // Each on a cache line of its own: the two threads write them.
+  // Each on a cache line of its own: one thread writes it, the other reads it
+  // or writes beside it.
+  alignas(64) size_t added_ = 0;  // the reading thread's own count
   alignas(64) std::atomic<size_t> published_{0};
   alignas(64) std::atomic<bool> released_{false};
   alignas(64) std::atomic<bool> closed_{false};
