@@ -80,7 +80,7 @@ void ResetTask(Task* task) {
 
 bool FillTaskFields(CEOID oid, cedb::StoredRecord record, Task* task, StoredTexts* texts) {
   // Only the values: FinishTask sets every text field.
-  static_cast<TaskValues&>(*task) = TaskValues();
+  static_cast<TaskRecordValues&>(*task) = TaskRecordValues();
   *texts = {};
   task->oid = oid;
   cedb::StoredProp prop;

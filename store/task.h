@@ -20,7 +20,7 @@ constexpr DWORD kSearchMatchNotes = 1;
 constexpr DWORD kSearchMatchSubject = 2;
 
 // The fields a record's values give, apart from its texts.
-struct TaskValues {
+struct TaskRecordValues {
   CEOID oid = 0;  // 0 marks a freed slot
   DATE date_completed = kNoDate;
   DATE due_date = kNoDate;
@@ -40,7 +40,7 @@ struct TaskValues {
   DWORD notification_handle = 0;
 };
 
-struct Task : TaskValues {
+struct Task : TaskRecordValues {
   // The texts and what is found in them. A load may fill these on a second
   // thread while the first fills the values of the next tasks, so they start a
   // cache line of their own: the two threads never write the same line.
