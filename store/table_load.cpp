@@ -1,6 +1,7 @@
 #include "store/table_load.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "platform/cedb.h"
@@ -15,11 +16,12 @@ namespace velmo {
 namespace {
 
 // A plain load reads every record in place, in one statement, and fills each
-// task straight from the database's pages. A damaged record is skipped but
-// counted, as in the one-by-one read.
+// task straight from the database's pages, finishing it here or handing it to
+// the finisher's second thread. A damaged record is skipped but counted, as in
+// the one-by-one read.
 class TableFiller : public cedb::RecordVisitor {
  public:
-  explicit TableFiller(TaskFinisher* finisher) : finisher_(finisher) {}
+  TableFiller(TaskFinisher* finisher, CategoryUseMarking* marking) : finisher_(finisher), marking_(marking) {}
 
   void Visit(const cedb::InPlaceRecord& record) override {
     std::unique_ptr<Task> task = NewTableTask();
@@ -28,19 +30,31 @@ class TableFiller : public cedb::RecordVisitor {
       ReturnTableTask(std::move(task));
       return;
     }
-    finisher_->Add(task.get(), texts);
+    if (finisher_) {
+      finisher_->Add(task.get(), texts);
+    } else {
+      std::string& notes = Store().notes_copy;
+      if (texts.notes) notes.assign(*texts.notes);
+      FinishTask(task.get(), texts, texts.notes ? notes.c_str() : nullptr);
+      if (marking_) marking_->Mark(*task);
+    }
     Tasks().push_back(std::move(task));
   }
 
  private:
   TaskFinisher* finisher_;
+  CategoryUseMarking* marking_;
 };
 
+// The second thread takes part only in a reload whose tasks all come from the
+// last table: a first load makes every task and its texts anew, and on the
+// second thread those allocations would grow that thread's heap a page at a
+// time, a system call each, costing more than the thread saves.
 void ReadPlainRecords(size_t count, CategoryUseMarking* marking) {
-  TaskFinisher& finisher = StartFinishing(count, marking);
-  TableFiller filler(&finisher);
+  TaskFinisher* finisher = SpareTaskCount() >= count ? &StartFinishing(count, marking) : nullptr;
+  TableFiller filler(finisher, marking);
   cedb::VisitRecordsInPlace(Store().tasks_db, count, &filler);
-  finisher.Close();
+  if (finisher) finisher->Close();
 }
 
 }  // namespace
