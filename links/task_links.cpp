@@ -89,30 +89,18 @@ Possible PossibleLinks(std::wstring_view text) {
 
 }  // namespace
 
-void FindTaskLinks(const std::wstring& subject, const char* ansi_notes, TaskLinks* links) {
-  const Possible in_subject = PossibleLinks(subject);
-  links->phone_number.clear();
-  if (in_subject.number) links->phone_number = FindPhoneNumber(subject.c_str());
-  if (links->phone_number.empty() && ansi_notes) links->phone_number = FindPhoneNumber(ansi_notes);
-  const bool web = (ansi_notes && FindWebAddress(ansi_notes, nullptr)) ||
-                   (in_subject.web && FindWebAddress(subject.c_str(), nullptr));
-  const bool mail = (ansi_notes && FindEmail(ansi_notes, nullptr)) ||
-                    (in_subject.mail && FindEmail(subject.c_str(), nullptr));
-  links->web_link_count = web ? 1 : 0;
-  links->mail_link_count = mail ? 1 : 0;
-}
-
 void FillTaskLinks(Task& task, const char* ansi_notes) {
-  TaskLinks links;
-  links.phone_number.swap(task.phone_number);  // its room is used again
-  FindTaskLinks(task.subject, ansi_notes, &links);
-  SetTaskLinks(task, &links);
-}
-
-void SetTaskLinks(Task& task, TaskLinks* links) {
-  task.phone_number.swap(links->phone_number);
-  task.web_link_count = links->web_link_count;
-  task.mail_link_count = links->mail_link_count;
+  const wchar_t* subject = task.subject.c_str();
+  const Possible in_subject = PossibleLinks(task.subject);
+  task.phone_number.clear();
+  if (in_subject.number) task.phone_number = FindPhoneNumber(subject);
+  if (task.phone_number.empty() && ansi_notes) task.phone_number = FindPhoneNumber(ansi_notes);
+  const bool web = (ansi_notes && FindWebAddress(ansi_notes, nullptr)) ||
+                   (in_subject.web && FindWebAddress(subject, nullptr));
+  const bool mail = (ansi_notes && FindEmail(ansi_notes, nullptr)) ||
+                    (in_subject.mail && FindEmail(subject, nullptr));
+  task.web_link_count = web ? 1 : 0;
+  task.mail_link_count = mail ? 1 : 0;
 }
 
 }  // namespace velmo

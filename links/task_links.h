@@ -3,8 +3,6 @@
 // scanning again.
 #pragma once
 
-#include <string>
-
 #include "store/task.h"
 
 namespace velmo {
@@ -17,15 +15,5 @@ namespace velmo {
 // address are looked for in the notes first, then in the subject. Each count
 // is 1 when such an address was found, else 0.
 void FillTaskLinks(Task& task, const char* ansi_notes);
-
-// The same, found apart from their task (by another thread, say), and handed to
-// the task afterwards; SetTaskLinks leaves the task's old number in *links.
-struct TaskLinks {
-  std::wstring phone_number;
-  LONG web_link_count = 0;
-  LONG mail_link_count = 0;
-};
-void FindTaskLinks(const std::wstring& subject, const char* ansi_notes, TaskLinks* links);
-void SetTaskLinks(Task& task, TaskLinks* links);
 
 }  // namespace velmo

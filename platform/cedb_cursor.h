@@ -32,7 +32,6 @@ class Cursor {
   void Drop() { valid_ = false; }
 
  private:
-  bool Covers(const Volume& volume, std::uint64_t from) const;
   struct Row {
     CEOID oid;
     size_t offset;
@@ -42,6 +41,7 @@ class Cursor {
   static constexpr size_t kMaxBytes = 512 * 1024;
   static constexpr std::int64_t kMaxAgeMs = 250;
 
+  bool Covers(const Volume& volume, std::uint64_t from) const;
   bool Fill(Volume* volume, CEOID db, std::uint64_t from, size_t max_rows);
 
   bool valid_ = false;

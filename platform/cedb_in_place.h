@@ -14,7 +14,6 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "platform/cedb.h"
 
