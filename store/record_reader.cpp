@@ -102,13 +102,17 @@ void FinishTask(Task* task, const StoredTexts& texts, const char* scanned_notes)
   FillTaskLinks(*task, scanned_notes);
 }
 
-bool FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
-  StoredTexts texts;
-  if (!FillTaskFields(oid, record, task, &texts)) return false;
+void FinishTaskCopyingNotes(Task* task, const StoredTexts& texts, std::string* notes_room) {
   // The scanners read text that ends in a zero byte, which stored notes need not
   // hold: they get a copy.
   if (texts.notes) notes_room->assign(*texts.notes);
   FinishTask(task, texts, texts.notes ? notes_room->c_str() : nullptr);
+}
+
+bool FillTaskFromRecord(CEOID oid, cedb::StoredRecord record, Task* task, std::string* notes_room) {
+  StoredTexts texts;
+  if (!FillTaskFields(oid, record, task, &texts)) return false;
+  FinishTaskCopyingNotes(task, texts, notes_room);
   return true;
 }
 

@@ -37,6 +37,9 @@ struct StoredTexts {
 // null. The texts must stay where they are in between.
 bool FillTaskFields(CEOID oid, cedb::StoredRecord record, Task* task, StoredTexts* texts);
 void FinishTask(Task* task, const StoredTexts& texts, const char* scanned_notes);
+// FinishTask for notes that are not followed by a zero byte: they are copied
+// into notes_room first, which keeps its room for the next task.
+void FinishTaskCopyingNotes(Task* task, const StoredTexts& texts, std::string* notes_room);
 
 // Fills a task from a record read in place (platform/cedb_in_place.h): the
 // task is reset first; notes_room keeps the room the link scanners' copy of the

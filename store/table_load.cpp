@@ -1,7 +1,6 @@
 #include "store/table_load.h"
 
 #include <memory>
-#include <string>
 #include <utility>
 
 #include "platform/cedb.h"
@@ -33,9 +32,7 @@ class TableFiller : public cedb::RecordVisitor {
     if (finisher_) {
       finisher_->Add(task.get(), texts);
     } else {
-      std::string& notes = Store().notes_copy;
-      if (texts.notes) notes.assign(*texts.notes);
-      FinishTask(task.get(), texts, texts.notes ? notes.c_str() : nullptr);
+      FinishTaskCopyingNotes(task.get(), texts, &Store().notes_copy);
       if (marking_) marking_->Mark(*task);
     }
     Tasks().push_back(std::move(task));
