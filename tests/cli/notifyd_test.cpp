@@ -74,8 +74,8 @@ TEST_F(NotifydTest, OnceRaisesWhatIsDueOverTheSessionBus) {
   ASSERT_TRUE(due && gone && later);
   WriteScript("run", std::string(kStartServer) + "\"$VELMO\" notifyd --once\n");
   ChildProcess session(kDbusRunSession, {"--", "sh", Path("run")},
-                       {"SERVER=" VELMO_NOTIFICATION_SERVER_BIN, "RECORD=" + Path("record"),
-                        "READY=" + Path("ready"), "VELMO=" VELMO_BIN});
+                       {std::string("SERVER=") + VELMO_NOTIFICATION_SERVER_BIN, "RECORD=" + Path("record"),
+                        "READY=" + Path("ready"), std::string("VELMO=") + VELMO_BIN});
   EXPECT_EQ(session.Wait(20s), 0) << session.error_output();
   EXPECT_EQ(Read("record"),
             "Velmo ToDo List\tVelmo ToDo List\tPay rent\\n14/07/2025 (!)\topen,Open\n"
@@ -94,8 +94,8 @@ TEST_F(NotifydTest, OnceRaisesWhatIsDueOverTheSessionBus) {
 
   // Raised once only.
   ChildProcess again(kDbusRunSession, {"--", "sh", Path("run")},
-                     {"SERVER=" VELMO_NOTIFICATION_SERVER_BIN, "RECORD=" + Path("record"),
-                      "READY=" + Path("ready2"), "VELMO=" VELMO_BIN});
+                     {std::string("SERVER=") + VELMO_NOTIFICATION_SERVER_BIN, "RECORD=" + Path("record"),
+                      "READY=" + Path("ready2"), std::string("VELMO=") + VELMO_BIN});
   EXPECT_EQ(again.Wait(20s), 0);
   const std::string record = Read("record");
   EXPECT_EQ(std::count(record.begin(), record.end(), '\n'), 2);
@@ -126,8 +126,8 @@ TEST_F(NotifydTest, OpenStartsTheApplicationInATerminalWhenNoneRuns) {
                          "i=0; while [ ! -f \"$OUT\" ] && [ $i -lt 200 ]; do sleep 0.05; i=$((i+1)); done\n"
                          "sleep 0.2; kill $service; wait $service\n");
   ChildProcess session(kDbusRunSession, {"--", "sh", Path("run")},
-                       {"SERVER=" VELMO_NOTIFICATION_SERVER_BIN, "RECORD=" + Path("record"),
-                        "READY=" + Path("ready"), "VELMO=" VELMO_BIN, "ACTION=open",
+                       {std::string("SERVER=") + VELMO_NOTIFICATION_SERVER_BIN, "RECORD=" + Path("record"),
+                        "READY=" + Path("ready"), std::string("VELMO=") + VELMO_BIN, "ACTION=open",
                         "OUT=" + Path("out"), "TERMINAL=" + Path("terminal"),
                         "XDG_RUNTIME_DIR=" + root().string()});
   session.Wait(30s);
