@@ -10,6 +10,7 @@
 #include "app/task_changes.h"
 #include "app/task_commands.h"
 #include "categories/filter_menu.h"
+#include "editor/task_summary.h"
 #include "list/draw_appearance.h"
 #include "app/entry_box.h"
 #include "list/sort_rows.h"
@@ -29,6 +30,8 @@ namespace {
 
 constexpr UINT_PTR kExitTimer = 4;
 constexpr UINT kExitDelayMs = 200;
+// A dialog's result from here on is a command for the main window.
+constexpr INT_PTR kFirstCommandResult = 11;
 
 using Handler = void (*)(UINT command, LPARAM lparam);
 
@@ -48,6 +51,15 @@ CEOID SelectedOid() {
 // Commands whose dialogs belong to other parts of the program and are not
 // there yet: they are in the menus and do nothing.
 void NoDialogYet(UINT, LPARAM) {}
+
+// The summary of the selected task; a command chosen there (its "Edit"
+// among them) is carried out here, on the same task.
+void ViewTask(UINT, LPARAM) {
+  const CEOID oid = SelectedOid();
+  if (!oid) return;
+  const INT_PTR result = ShowTaskSummary(MainWindow().window, oid);
+  if (result >= kFirstCommandResult) SendCommand(static_cast<UINT>(result));
+}
 
 void CompleteOrActivate(UINT, LPARAM) {
   const Task* task = SelectedTask();
@@ -165,7 +177,7 @@ constexpr CommandRange kCommands[] = {
     {cmd::kNew, cmd::kNew, NoDialogYet},
     {cmd::kNewQuick, cmd::kNewQuick, NewQuick},
     {cmd::kCreateCopy, cmd::kCreateCopy, OnSelectedTask},
-    {cmd::kView, cmd::kView, NoDialogYet},
+    {cmd::kView, cmd::kView, ViewTask},
     {cmd::kDelete, cmd::kRename, OnSelectedTask},
     {cmd::kPriorityDown, cmd::kPriorityCycle, OnSelectedTask},
     {cmd::kHigh, cmd::kLow, QuickOrSelected},

@@ -27,6 +27,7 @@ constexpr Entry kTable[] = {
 #include "res/strings_format.inc"
 #include "res/strings_cli.inc"
 #include "res/strings_ui.inc"
+#include "res/strings_views.inc"
 };
 
 using Table = std::unordered_map<UINT, std::wstring>;
