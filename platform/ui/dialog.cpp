@@ -15,10 +15,35 @@
 namespace velmo::ui::internal {
 namespace {
 
+// A control whose width or height the template counted back from the dialog's
+// right or bottom edge keeps that distance when the dialog is resized.
+struct Anchored {
+  HWND control;
+  int cx;  // <= 0: distance from the right edge
+  int cy;  // <= 0: distance from the bottom edge
+};
+
 struct DialogData : ControlData {
   bool ended = false;
   INT_PTR result = IDCANCEL;
+  std::vector<Anchored> anchored;
 };
+
+void LayOutAnchored(HWND dialog) {
+  auto* data = ControlOf<DialogData>(dialog);
+  if (!data) return;
+  RECT client;
+  GetClientRect(dialog, &client);
+  std::vector<Anchored> anchored = data->anchored;
+  for (const Anchored& a : anchored) {
+    WindowData* w = Find(a.control);
+    if (!w) continue;
+    RECT r = w->rect;
+    int width = a.cx > 0 ? a.cx : client.right - r.left + a.cx;
+    int height = a.cy > 0 ? a.cy : client.bottom - r.top + a.cy;
+    MoveWindow(a.control, r.left, r.top, width, height, TRUE);
+  }
+}
 
 struct CreateParams {
   DLGPROC proc;
@@ -67,6 +92,10 @@ HWND MakeDialog(const DLGTEMPLATEW* tmpl, HWND owner, DLGPROC proc, LPARAM init_
     if (!control) {
       DestroyWindow(dialog);
       return nullptr;
+    }
+    auto* data = ControlOf<DialogData>(dialog);
+    if (data && (item.cx <= 0 || item.cy <= 0)) {
+      data->anchored.push_back(Anchored{control, item.cx, item.cy});
     }
   }
   HWND first = GetNextDlgTabItem(dialog, nullptr, FALSE);
@@ -194,6 +223,9 @@ LRESULT DefDlgProcW(HWND dialog, UINT msg, WPARAM wparam, LPARAM lparam) {
   switch (msg) {
     case WM_CLOSE:
       SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDCANCEL, 0), 0);
+      return 0;
+    case WM_SIZE:
+      velmo::ui::internal::LayOutAnchored(dialog);
       return 0;
     case WM_ERASEBKGND: {
       RECT rc;

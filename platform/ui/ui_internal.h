@@ -118,6 +118,11 @@ LRESULT EditProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
 LRESULT DialogWindowProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
 LRESULT StaticProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
 LRESULT SoftKeyBarProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
+LRESULT CheckBoxProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
+LRESULT ListBoxProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
+LRESULT UpDownProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
+LRESULT DatePickerProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
+LRESULT MonthCalProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam);
 
 // Dialogs (dialog.cpp): runs the modal loop of a dialog until EndDialog.
 INT_PTR RunModalDialog(HWND dialog, HWND owner);
