@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "platform/ui/button.h"
