@@ -85,10 +85,14 @@ void AttachBuddy(HWND hwnd, HWND buddy) {
   d->buddy = buddy;
   if (IsListBox(buddy)) {
     SendMessageW(buddy, kListBoxSetUpDown, reinterpret_cast<WPARAM>(hwnd), 0);
-  } else if ((Style(hwnd) & UDS_ARROWKEYS) && !Buddies().count(buddy)) {
+  } else if (Style(hwnd) & UDS_ARROWKEYS) {
     auto proc = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(buddy, GWLP_WNDPROC));
-    Buddies()[buddy] = Subclassed{proc, hwnd};
-    SetWindowLongPtrW(buddy, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&BuddyProc));
+    if (proc == &BuddyProc) {
+      Buddies()[buddy].up_down = hwnd;
+    } else {
+      Buddies()[buddy] = Subclassed{proc, hwnd};
+      SetWindowLongPtrW(buddy, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&BuddyProc));
+    }
   }
   ShowPosInBuddy(hwnd, d);
   MarkScreenDirty();

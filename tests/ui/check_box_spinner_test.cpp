@@ -171,7 +171,7 @@ TEST_F(SpinnerTest, InADialogFocusDisabledStateAndResize) {
       EXPECT_EQ(SendDlgItemMessageW(dialog, kBoxId, BM_GETCHECK, 0, 0), BST_CHECKED);
       EXPECT_EQ(SendDlgItemMessageW(dialog, kListId, LB_GETCURSEL, 0, 0), 0) << "wrapped";
       EXPECT_TRUE(highlighted(1, 2)) << "the spinner has the focus";
-      EXPECT_EQ(screen_.Row(2).substr(0, 8), L"◂Normal");
+      EXPECT_EQ(screen_.Row(2).substr(0, 8), L"◂Normal ");
       EXPECT_EQ(screen_.Row(2).substr(59, 1), L"▸") << "stretched to the new width";
       EXPECT_TRUE(highlighted(58, 2));
       screen_.TypeKey(VK_ESCAPE);
