@@ -1,6 +1,8 @@
 // The check box (class WC_BUTTONW with BS_AUTOCHECKBOX): a box and its text on
 // one line. Space, Enter or the action key toggle an auto check box; the
 // parent hears WM_COMMAND MAKEWPARAM(id, BN_CLICKED) with the box as lParam.
+// BS_CHECKBOX only tells the parent; BM_SETCHECK does not notify. Drawn "☐"/"☑"
+// and the text, the whole line highlighted while focused, grey when disabled.
 #pragma once
 
 #include "platform/ui/types.h"

@@ -12,6 +12,15 @@
 //
 // DTM_SETSYSTEMTIME with GDT_NONE clears the picker (keeping its default);
 // with GDT_VALID it shows the date and makes it the default.
+//
+// Typing: digits collect in the focused field until they make its full width
+// or no further digit could keep them in range; then they are taken (and the
+// focus moves to the next field) or refused. Leaving the field, losing the
+// focus or DTM_GETSYSTEMTIME take digits still waiting. Backspace removes a
+// waiting digit; "a"/"p" choose the half of the day in a "tt" field. The
+// weekday ("ddd") follows the day and takes no focus. Years run 1601-4500.
+// Without DTM_SETFORMATW the picture is the locale's short date
+// (DTS_LONGDATEFORMAT: long date, DTS_TIMEFORMAT: time).
 #pragma once
 
 #include "platform/ui/types.h"

@@ -3,6 +3,10 @@
 // by a day (Left/Right) and a week (Up/Down), PageUp/PageDown by a month; the
 // parent hears WM_NOTIFY MCN_SELCHANGE on each move and MCN_SELECT on Enter.
 //
+// The grid is laid out from the control's size on each paint, centred, so it
+// follows a resized dialog. PageUp/PageDown reach a terminal program as the
+// volume keys, which move by a month too.
+//
 // PickDateInCalendar runs it as a modal dialog: `title` in the title line, Enter
 // (or the left soft key) chooses, Esc cancels.
 #pragma once

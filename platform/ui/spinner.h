@@ -8,6 +8,15 @@
 // or UDS_AUTOBUDDY, the control made just before it) it draws "<" ">" marks
 // beside the buddy and sends the parent WM_NOTIFY UDN_DELTAPOS (NMUPDOWN) when
 // stepped; a non-zero result from the parent cancels the step.
+//
+// Layout: the marks take the cell just before and the cell just after the
+// buddy, wherever the buddy is moved; a dialog table leaves those two cells
+// free ("◂Normal    ▸"), and the up-down's own cells may be anything (1 x 1).
+// The marks are greyed with a disabled buddy or up-down, and highlighted with
+// a focused buddy. With UDS_ARROWKEYS an up-down whose buddy is not a spinner
+// list (a number field) takes the buddy's Left/Right keys; a spinner list
+// always passes its Left/Right to its up-down. UDM_SETRANGE takes
+// MAKELPARAM(upper, lower); for a spinner list the range is its entries.
 #pragma once
 
 #include "platform/ui/types.h"
