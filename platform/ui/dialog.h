@@ -16,7 +16,9 @@ constexpr wchar_t WC_DIALOG[] = L"#32770";
 
 // One control: class (WC_EDITW, WC_LISTVIEWW, WC_STATICW, ...), text, identifier,
 // style (WS_CHILD and WS_VISIBLE are added) and cells in the dialog. A width or
-// height of 0 or less is counted back from the dialog's right or bottom edge.
+// height of 0 or less is counted back from the dialog's right or bottom edge,
+// and again whenever the dialog is resized (DefDlgProcW's WM_SIZE, so a dialog
+// procedure that handles WM_SIZE itself lays its controls out itself).
 struct DLGITEMTEMPLATEW {
   LPCWSTR class_name;
   LPCWSTR text;
