@@ -53,7 +53,7 @@ TEST(FindEmail, Table) {
       {L"", L""},
       {L"no address here", L""},
   };
-  for (const FindCase& c : cases) EXPECT_EQ(EmailIn(c.text), c.found) << testing::PrintToString(c.text);
+  for (const FindCase& c : cases) EXPECT_EQ(EmailIn(c.text), c.found) << ::testing::PrintToString(c.text);
   EXPECT_FALSE(FindEmail(static_cast<const wchar_t*>(nullptr), nullptr));
 }
 
@@ -84,7 +84,7 @@ TEST(FindWebAddress, Table) {
       {L"http://" + std::wstring(600, L'x'), L"http://" + std::wstring(504, L'x')},
       {L"", L""},
   };
-  for (const FindCase& c : cases) EXPECT_EQ(WebAddressIn(c.text), c.found) << testing::PrintToString(c.text);
+  for (const FindCase& c : cases) EXPECT_EQ(WebAddressIn(c.text), c.found) << ::testing::PrintToString(c.text);
 }
 
 TEST(CutTrailingPunctuation, CutsWhatTheSentenceAdded) {

@@ -12,9 +12,9 @@ struct PhoneCase { const wchar_t* text; const wchar_t* number; };  // number emp
 
 void ExpectNumbers(const PhoneCase* begin, const PhoneCase* end) {
   for (const PhoneCase* c = begin; c != end; ++c) {
-    EXPECT_EQ(FindPhoneNumber(c->text), c->number) << "text: " << testing::PrintToString(std::wstring(c->text));
+    EXPECT_EQ(FindPhoneNumber(c->text), c->number) << "text: " << ::testing::PrintToString(std::wstring(c->text));
     if (const auto ansi = testing_links::AnsiForm(c->text)) {
-      EXPECT_EQ(FindPhoneNumber(ansi->c_str()), c->number) << "bytes of: " << testing::PrintToString(std::wstring(c->text));
+      EXPECT_EQ(FindPhoneNumber(ansi->c_str()), c->number) << "bytes of: " << ::testing::PrintToString(std::wstring(c->text));
     }
   }
 }

@@ -32,9 +32,9 @@ TEST(FillTaskLinks, SubjectNumberFirstAddressesFromEither) {
     task.web_link_count = task.mail_link_count = 7;
     const std::string notes = ToWindows1252(c.notes ? c.notes : L"");
     FillTaskLinks(task, c.notes ? notes.c_str() : nullptr);
-    EXPECT_EQ(task.phone_number, c.phone) << testing::PrintToString(std::wstring(c.subject));
-    EXPECT_EQ(task.web_link_count, c.web) << testing::PrintToString(std::wstring(c.subject));
-    EXPECT_EQ(task.mail_link_count, c.mail) << testing::PrintToString(std::wstring(c.subject));
+    EXPECT_EQ(task.phone_number, c.phone) << ::testing::PrintToString(std::wstring(c.subject));
+    EXPECT_EQ(task.web_link_count, c.web) << ::testing::PrintToString(std::wstring(c.subject));
+    EXPECT_EQ(task.mail_link_count, c.mail) << ::testing::PrintToString(std::wstring(c.subject));
   }
 }
 
