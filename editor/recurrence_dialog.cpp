@@ -38,15 +38,16 @@ struct DialogState {
   RecurrencePattern* pattern;
 };
 
-// The control (and its up-down when it has one) each field of a type is.
-struct FieldControls {
+// The control of each field of a type; its up-down is the control after it.
+struct FieldControl {
   unsigned field;
   int id;
-  bool up_down;
 };
-constexpr FieldControls kFieldControls[] = {
-    {kFieldInterval, kRecurInterval, true},     {kFieldDayOfMonth, kRecurDayOfMonth, true},
-    {kFieldInstance, kRecurInstance, true},     {kFieldMonth, kRecurMonth, true},
+constexpr FieldControl kFieldControls[] = {
+    {kFieldInterval, kRecurInterval},
+    {kFieldDayOfMonth, kRecurDayOfMonth},
+    {kFieldInstance, kRecurInstance},
+    {kFieldMonth, kRecurMonth},
 };
 
 // The unit after the interval, by type: day(s), week(s), month(s), year(s).
@@ -141,9 +142,9 @@ void Enable(HWND dialog, int id, bool on) {
 void Refresh(HWND dialog, const DialogState& state) {
   const RecurrenceForm f = ReadForm(dialog);
   const unsigned fields = FieldsOfType(f.type);
-  for (const FieldControls& c : kFieldControls) {
+  for (const FieldControl& c : kFieldControls) {
     Enable(dialog, c.id, fields & c.field);
-    if (c.up_down) Enable(dialog, c.id + 1, fields & c.field);
+    Enable(dialog, c.id + 1, fields & c.field);
   }
   for (int d = 0; d < 7; ++d) Enable(dialog, kRecurFirstDay + d, fields & kFieldDays);
   Enable(dialog, kRecurEndDate, f.end == FormEnd::kDate);
