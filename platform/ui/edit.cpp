@@ -1,4 +1,4 @@
-// The single-line edit control.
+// The edit control: the single-line edit here; with ES_MULTILINE, multiline_edit.cpp.
 #include "platform/ui/edit.h"
 
 #include <algorithm>
@@ -7,6 +7,7 @@
 #include "platform/ui/gdi.h"
 #include "platform/ui/message_queue.h"
 #include "platform/ui/messages.h"
+#include "platform/ui/multiline_edit.h"
 #include "platform/ui/ui_internal.h"
 #include "platform/ui/virtual_keys.h"
 #include "platform/ui/window.h"
@@ -120,6 +121,9 @@ void Paint(HWND hwnd) {
 }  // namespace
 
 LRESULT EditProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam) {
+  if (WindowData* w = Find(hwnd); w && (w->style & ES_MULTILINE)) {
+    return MultiLineEditProc(hwnd, msg, wparam, lparam);
+  }
   if (msg == WM_NCCREATE) {
     if (WindowData* w = Find(hwnd)) {
       auto data = std::make_unique<EditData>();

@@ -22,6 +22,13 @@ struct HotKey {
   UINT vk;
 };
 
+// The modifiers of the key being routed: its messages are all handled before
+// the next key is read.
+BYTE& CurrentModifiers() {
+  static BYTE modifiers = 0;
+  return modifiers;
+}
+
 std::vector<HotKey>& HotKeys() {
   static std::vector<HotKey> keys;
   return keys;
@@ -68,6 +75,7 @@ void RouteInput(const InputEvent& event) {
   }
   UINT vk = event.vk;
   wchar_t ch = event.ch;
+  CurrentModifiers() = event.modifiers;
   HWND target = KeyTarget();
   // Backspace deletes in a text field and is the back key everywhere else.
   if (vk == VK_BACK) {
@@ -102,6 +110,13 @@ void RouteInput(const InputEvent& event) {
 }
 
 }  // namespace velmo::ui::internal
+
+SHORT GetKeyState(int vk) {
+  const BYTE modifiers = velmo::ui::internal::CurrentModifiers();
+  const bool down = (vk == static_cast<int>(VK_SHIFT) && (modifiers & velmo::ui::kModShift)) ||
+                    (vk == static_cast<int>(VK_CONTROL) && (modifiers & velmo::ui::kModControl));
+  return down ? static_cast<SHORT>(0x8000) : 0;
+}
 
 BOOL RegisterHotKey(HWND hwnd, int id, UINT modifiers, UINT vk) {
   using velmo::ui::internal::HotKeys;

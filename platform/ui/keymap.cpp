@@ -1,11 +1,15 @@
 // The terminal's keys as the phone's keys.
 #include "platform/ui/keymap.h"
 
+#include <string>
+#include <vector>
+
 #include "platform/ui/virtual_keys.h"
 
 // curses.h last: it defines macros (OK, ERR, TRUE, clear ...) that must not
 // reach the headers above.
 #include <curses.h>
+#include <term.h>
 
 namespace velmo::ui {
 namespace {
@@ -38,7 +42,56 @@ const CodeKey kCodeKeys[] = {
     {KEY_DC, VK_DELETE},        {KEY_BACKSPACE, VK_BACK},  {KEY_ENTER, VK_RETURN},
 };
 
+struct ModifiedCodeKey {
+  int code;
+  UINT vk;
+  std::uint8_t modifiers;
+};
+
+// Shift with a key, as curses names it.
+const ModifiedCodeKey kShiftedKeys[] = {
+    {KEY_SLEFT, VK_LEFT, kModShift},     {KEY_SRIGHT, VK_RIGHT, kModShift},
+    {KEY_SR, VK_UP, kModShift},          {KEY_SF, VK_DOWN, kModShift},
+    {KEY_SHOME, VK_HOME, kModShift},     {KEY_SEND, VK_END, kModShift},
+    {KEY_SPREVIOUS, VK_PRIOR, kModShift}, {KEY_SNEXT, VK_NEXT, kModShift},
+};
+
+// The terminal's own codes of keys with modifiers (xterm's extended names: the
+// digit 2 is Shift, 5 Control, 6 both), learnt once the terminal is open.
+struct ExtendedName {
+  const char* stem;
+  UINT vk;
+};
+constexpr ExtendedName kExtendedNames[] = {
+    {"kLFT", VK_LEFT}, {"kRIT", VK_RIGHT}, {"kUP", VK_UP},    {"kDN", VK_DOWN},
+    {"kHOM", VK_HOME}, {"kEND", VK_END},   {"kPRV", VK_PRIOR}, {"kNXT", VK_NEXT},
+};
+struct ExtendedDigit {
+  char digit;
+  std::uint8_t modifiers;
+};
+constexpr ExtendedDigit kExtendedDigits[] = {
+    {'2', kModShift}, {'5', kModControl}, {'6', kModShift | kModControl}};
+
+std::vector<ModifiedCodeKey>& LearntKeys() {
+  static std::vector<ModifiedCodeKey> keys;
+  return keys;
+}
+
 }  // namespace
+
+void LearnModifiedKeys() {
+  LearntKeys().clear();
+  for (const ExtendedName& name : kExtendedNames) {
+    for (const ExtendedDigit& d : kExtendedDigits) {
+      std::string cap = std::string(name.stem) + d.digit;
+      const char* sequence = tigetstr(cap.data());
+      if (!sequence || sequence == reinterpret_cast<char*>(-1)) continue;
+      const int code = key_defined(sequence);
+      if (code > 0) LearntKeys().push_back(ModifiedCodeKey{code, name.vk, d.modifiers});
+    }
+  }
+}
 
 bool KeyFromChar(wchar_t ch, InputEvent* event) {
   *event = InputEvent{};
@@ -68,6 +121,20 @@ bool KeyFromCursesCode(int code, InputEvent* event) {
   if (code == KEY_RESIZE) {
     event->kind = InputEvent::Kind::kResize;
     return true;
+  }
+  for (const ModifiedCodeKey& k : kShiftedKeys) {
+    if (k.code == code) {
+      event->vk = k.vk;
+      event->modifiers = k.modifiers;
+      return true;
+    }
+  }
+  for (const ModifiedCodeKey& k : LearntKeys()) {
+    if (k.code == code) {
+      event->vk = k.vk;
+      event->modifiers = k.modifiers;
+      return true;
+    }
   }
   for (const CodeKey& k : kCodeKeys) {
     if (k.code == code) {

@@ -14,4 +14,8 @@ bool KeyFromChar(wchar_t ch, InputEvent* event);
 // keys that have no meaning here.
 bool KeyFromCursesCode(int code, InputEvent* event);
 
+// Learns the codes the open terminal gives the arrows, Home, End, PageUp and
+// PageDown with Shift or Control held (call once curses is started).
+void LearnModifiedKeys();
+
 }  // namespace velmo::ui

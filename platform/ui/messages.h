@@ -55,6 +55,8 @@ constexpr DWORD WS_BORDER = 0x00800000;
 constexpr DWORD WS_CAPTION = 0x00C00000;
 constexpr DWORD WS_TABSTOP = 0x00010000;
 constexpr DWORD WS_GROUP = 0x00020000;
+constexpr DWORD WS_VSCROLL = 0x00200000;
+constexpr DWORD WS_HSCROLL = 0x00100000;
 
 constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000u);
 

@@ -31,11 +31,15 @@ struct Cell {
 
 enum class ColourDepth { kMono, k8, k256, kTrue };
 
+// Keys held with a key (GetKeyState answers VK_SHIFT and VK_CONTROL from them).
+enum KeyModifier : std::uint8_t { kModShift = 1, kModControl = 2 };
+
 struct InputEvent {
   enum class Kind { kKey, kResize };
   Kind kind = Kind::kKey;
   UINT vk = 0;        // virtual-key code (virtual_keys.h)
   wchar_t ch = 0;     // the character typed, 0 for keys without one
+  std::uint8_t modifiers = 0;  // KeyModifier bits
 };
 
 // Columns a character takes on the terminal: 0 (combining), 1 or 2.
@@ -75,6 +79,9 @@ class Screen {
   // says so, and the loop then reports a stall instead of sleeping forever.
   virtual bool OnIdle() { return false; }
   virtual bool CanWaitForInput() const { return true; }
+  // Puts a copied text on the terminal's own clipboard, where the terminal
+  // takes one from a program; by default there is none.
+  virtual void CopyToTerminalClipboard(std::wstring_view /*text*/) {}
 
  protected:
   void ResizeGrid(int width, int height);

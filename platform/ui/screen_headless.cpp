@@ -10,10 +10,11 @@ HeadlessScreen::HeadlessScreen(int width, int height, ColourDepth depth) : depth
   ResizeGrid(width, height);
 }
 
-void HeadlessScreen::TypeKey(UINT vk, wchar_t ch) {
+void HeadlessScreen::TypeKey(UINT vk, wchar_t ch, std::uint8_t modifiers) {
   InputEvent event;
   event.vk = vk;
   event.ch = ch;
+  event.modifiers = modifiers;
   input_.push_back(event);
 }
 

@@ -17,7 +17,7 @@ class HeadlessScreen : public Screen {
   HeadlessScreen(int width, int height, ColourDepth depth = ColourDepth::kTrue);
 
   // Input, delivered in order as the loop asks for it.
-  void TypeKey(UINT vk, wchar_t ch = 0);
+  void TypeKey(UINT vk, wchar_t ch = 0, std::uint8_t modifiers = 0);
   // Each character as the terminal would deliver it (digits, letters, * # ...).
   void TypeText(std::wstring_view text);
   // Backspace as the terminal sends it (back, or delete in a text field).
@@ -45,6 +45,9 @@ class HeadlessScreen : public Screen {
   POINT Find(std::wstring_view text) const;
 
   int presents() const { return presents_; }
+  // The last text copied to the terminal's clipboard.
+  const std::wstring& terminal_clipboard() const { return terminal_clipboard_; }
+  void CopyToTerminalClipboard(std::wstring_view text) override { terminal_clipboard_ = text; }
 
   void Present() override { ++presents_; }
   bool ReadInput(InputEvent* event) override;
@@ -59,6 +62,7 @@ class HeadlessScreen : public Screen {
   bool stalled_ = false;
   int idle_limit_ms_ = 3000;
   int presents_ = 0;
+  std::wstring terminal_clipboard_;
 };
 
 }  // namespace velmo::ui

@@ -87,6 +87,7 @@ std::unique_ptr<NcursesScreen> NcursesScreen::Open() {
   nonl();
   keypad(stdscr, TRUE);
   nodelay(stdscr, TRUE);
+  LearnModifiedKeys();
   curs_set(0);
   int colours = 0;
   bool rgb = false;

@@ -26,6 +26,7 @@ class NcursesScreen : public Screen {
   int InputFd() const override { return 0; }
   bool ReadInput(InputEvent* event) override;
   ColourDepth depth() const override { return depth_; }
+  void CopyToTerminalClipboard(std::wstring_view text) override;
 
  private:
   NcursesScreen(::screen* term, ColourDepth depth);

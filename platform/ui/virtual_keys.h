@@ -15,6 +15,7 @@
 //   letters          'A'..'Z' (with WM_CHAR of the letter as typed)
 //   ?                63 (with WM_CHAR '?'), the "0" of a phone with a keyboard
 //   other characters VK_NONAME, the character itself as WM_CHAR
+//   PageUp/PageDown  VK_PRIOR / VK_NEXT when Shift or Control is held with them
 #pragma once
 
 #include "platform/wintypes.h"
@@ -23,6 +24,8 @@ constexpr UINT VK_BACK = 0x08;
 constexpr UINT VK_TAB = 0x09;
 constexpr UINT VK_RETURN = 0x0D;
 constexpr UINT VK_ESCAPE = 0x1B;
+constexpr UINT VK_SHIFT = 0x10;
+constexpr UINT VK_CONTROL = 0x11;
 constexpr UINT VK_SPACE = 0x20;
 constexpr UINT VK_PRIOR = 0x21;
 constexpr UINT VK_NEXT = 0x22;
@@ -66,3 +69,8 @@ constexpr UINT VK_TLEFT = VK_LEFT;
 constexpr UINT VK_TRIGHT = VK_RIGHT;
 // The "?" key of a phone with a keyboard.
 constexpr UINT VK_QUESTION = 63;
+
+// Whether Shift or Control (VK_SHIFT, VK_CONTROL) was held with the key being
+// handled: the high bit set when it was. Terminals report them only with the
+// arrows, Home, End, PageUp and PageDown (Shift, Control, or both).
+SHORT GetKeyState(int vk);
