@@ -45,6 +45,7 @@ class MultiLineEditTest : public UiTest {
     return {from, to};
   }
   DWORD Caret() const { return Selection().second; }
+  std::pair<int, int> Cursor() const { return {screen_.cursor().x, screen_.cursor().y}; }
   // The edit's rows as the screen shows them.
   std::wstring ShownRow(int row) const { return screen_.Row(1 + row).substr(0, 10); }
 
@@ -89,11 +90,11 @@ TEST_F(MultiLineEditTest, WrappedRowsAreDrawnAndScrollWithTheCaret) {
   EXPECT_EQ(ShownRow(0), L"The quick ");
   EXPECT_EQ(ShownRow(1), L"brown fox ");
   EXPECT_EQ(ShownRow(3), L"the lazy  ");
-  EXPECT_EQ(screen_.cursor(), (POINT{0, 1}));
+  EXPECT_EQ(Cursor(), (std::pair<int, int>{0, 1}));
   Key(VK_END, kCtrl);
   EXPECT_EQ(ShownRow(0), L"brown fox ");
   EXPECT_EQ(ShownRow(3), L"dog       ");
-  EXPECT_EQ(screen_.cursor(), (POINT{3, 4}));
+  EXPECT_EQ(Cursor(), (std::pair<int, int>{3, 4}));
   // Wider: the rows are made again for the new width.
   MoveWindow(edit_, 0, 0, 20, 4, TRUE);
   Pump();
@@ -109,7 +110,7 @@ TEST_F(MultiLineEditTest, WithoutWordWrapLinesScrollSideways) {
   Key(VK_END);
   EXPECT_EQ(Caret(), 19u);
   EXPECT_EQ(ShownRow(0), L"own fox   ");
-  EXPECT_EQ(screen_.cursor(), (POINT{7, 1}));
+  EXPECT_EQ(Cursor(), (std::pair<int, int>{7, 1}));
   Key(VK_HOME);
   EXPECT_EQ(ShownRow(0), L"The quick ");
   // Word wrap switched on again.
