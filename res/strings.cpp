@@ -28,6 +28,7 @@ constexpr Entry kTable[] = {
 #include "res/strings_cli.inc"
 #include "res/strings_ui.inc"
 #include "res/strings_views.inc"
+#include "res/strings_notes.inc"
 };
 
 using Table = std::unordered_map<UINT, std::wstring>;
