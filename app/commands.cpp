@@ -6,6 +6,7 @@
 #include "app/list_rows.h"
 #include "app/main_window_state.h"
 #include "app/menus.h"
+#include "app/notes_command.h"
 #include "app/shortcut_apps.h"
 #include "app/task_changes.h"
 #include "app/task_commands.h"
@@ -87,6 +88,7 @@ void OnSelectedTask(UINT command, LPARAM) {
     case cmd::kDelete: DeleteTask(oid); break;
     case cmd::kRename: RenameTask(oid); break;
     case cmd::kTeamTask: ToggleTeamTask(oid); break;
+    case cmd::kNotes: EditTaskNotes(oid); break;
     default: ChangeTaskPriority(oid, command); break;
   }
 }
@@ -183,7 +185,7 @@ constexpr CommandRange kCommands[] = {
     {cmd::kHigh, cmd::kLow, QuickOrSelected},
     {cmd::kDueDate, cmd::kDueDate, NoDialogYet},
     {cmd::kTeamTask, cmd::kTeamTask, QuickOrSelected},
-    {cmd::kNotes, cmd::kNotes, NoDialogYet},
+    {cmd::kNotes, cmd::kNotes, OnSelectedTask},
     {cmd::kNextTask, cmd::kPreviousTask, Navigate},
     {cmd::kReload, cmd::kReload, Reload},
     {cmd::kSettingsOptions, cmd::kSettingsMyText, NoDialogYet},
