@@ -12,35 +12,60 @@ int TextCellWidth(wchar_t ch) {
   return CellWidth(ch);
 }
 
+namespace {
+
 // Greedy: a row takes words while they fit; spaces may hang past the edge, so a
-// row breaks after its last space, or inside a word too long for any row.
-std::vector<uint32_t> WrapLine(std::wstring_view line, int width, bool wrap) {
-  std::vector<uint32_t> rows{0};
-  if (!wrap || width <= 0) return rows;
-  size_t row_start = 0, after_space = 0;
+// row breaks after its last space, or inside a word too long for any row. A
+// row's end depends only on the text from its start: wrapping can start again
+// at any row. Returns the next row's start, or the line's size.
+size_t NextRowStart(std::wstring_view line, int width, size_t row_start) {
+  size_t after_space = row_start;
   int col = 0;
-  for (size_t i = 0; i < line.size(); ++i) {
+  for (size_t i = row_start; i < line.size(); ++i) {
     const int w = TextCellWidth(line[i]);
     if (line[i] == L' ') {
       col += w;
       after_space = i + 1;
       continue;
     }
-    if (col + w > width && i > row_start) {
-      row_start = after_space > row_start ? after_space : i;
-      rows.push_back(static_cast<uint32_t>(row_start));
-      col = 0;
-      for (size_t j = row_start; j < i; ++j) col += TextCellWidth(line[j]);
-      if (col + w > width && i > row_start) {
-        row_start = i;
-        rows.push_back(static_cast<uint32_t>(i));
-        col = 0;
-      }
-      after_space = row_start;
-    }
+    if (col + w > width && i > row_start) return after_space > row_start ? after_space : i;
     col += w;
   }
-  return rows;
+  return line.size();
+}
+
+// Wraps the line again from row `keep` of `rows` on, after its text changed in
+// [changed_from, changed_to) by `delta` characters: once a new row starts after
+// the change where an old row started, the old rows after it hold, moved.
+void Rewrap(std::wstring_view line, int width, size_t keep, size_t changed_to, long delta,
+            std::vector<uint32_t>* rows) {
+  const std::vector<uint32_t> old(rows->begin() + static_cast<std::ptrdiff_t>(keep) + 1, rows->end());
+  rows->resize(keep + 1);
+  for (size_t start = rows->back();;) {
+    const size_t next = NextRowStart(line, width, start);
+    if (next >= line.size()) return;
+    if (next >= changed_to) {
+      const auto same = std::lower_bound(old.begin(), old.end(), static_cast<uint32_t>(next - delta));
+      if (same != old.end() && *same == next - delta) {
+        for (auto it = same; it != old.end(); ++it) rows->push_back(static_cast<uint32_t>(*it + delta));
+        return;
+      }
+    }
+    rows->push_back(static_cast<uint32_t>(next));
+    start = next;
+  }
+}
+
+}  // namespace
+
+std::vector<uint32_t> WrapLine(std::wstring_view line, int width, bool wrap) {
+  std::vector<uint32_t> rows{0};
+  if (!wrap || width <= 0) return rows;
+  for (size_t start = 0;;) {
+    start = NextRowStart(line, width, start);
+    if (start >= line.size()) return rows;
+    rows.push_back(static_cast<uint32_t>(start));
+  }
 }
 
 void TextLayout::Reset(std::wstring_view text) {
@@ -64,11 +89,24 @@ void TextLayout::Replaced(std::wstring_view text, size_t from, size_t removed, s
     if (text[p] == L'\n') added.push_back(p + 1);
   }
   starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(at), added.begin(), added.end());
-  // The line the change starts in is wrapped again; its new lines too.
+  // The line the change starts in is wrapped again; its new lines too. A change
+  // inside one line keeps the rows before it and, once they meet again, after it.
+  std::vector<uint32_t>& rows = rows_[at - 1];
+  if (gone == 0 && added.empty() && !rows.empty() && wrap_ && width_ > 0) {
+    const size_t start = starts_[at - 1];
+    const size_t offset = from - start;
+    size_t keep = static_cast<size_t>(std::upper_bound(rows.begin(), rows.end(), offset) - rows.begin()) - 1;
+    // A row's end is decided by a character of the row after it (or, after a
+    // double-width character, the one after that).
+    keep = keep > 2 ? keep - 2 : 0;
+    Rewrap(text.substr(start, LineEnd(text, at - 1) - start), width_, keep, offset + inserted,
+           static_cast<long>(inserted) - static_cast<long>(removed), &rows);
+    return;
+  }
+  rows.clear();
   auto row_at = rows_.begin() + static_cast<std::ptrdiff_t>(at);
   row_at = rows_.erase(row_at, row_at + static_cast<std::ptrdiff_t>(gone));
   rows_.insert(row_at, added.size(), {});
-  rows_[at - 1].clear();
 }
 
 void TextLayout::SetWidth(int width, bool wrap) {

@@ -67,6 +67,28 @@ TEST(TextLayoutTest, ReplacementsKeepTheLineIndexOfAFreshLayout) {
   }
 }
 
+// Typing and deleting inside one long line rewraps only near the change; the
+// rows must still be those of a fresh wrap.
+TEST(TextLayoutTest, EditsInsideALineKeepTheRowsOfAFreshWrap) {
+  std::wstring text = L"one two three four five six seven eight nine ten eleven twelve";
+  for (int i = 0; i < 5; ++i) text += L" " + text;
+  TextLayout layout;
+  layout.Reset(text);
+  layout.SetWidth(7, true);
+  const wchar_t kTyped[] = L"x 日ab  ";
+  unsigned seed = 7;
+  for (int step = 0; step < 400; ++step) {
+    layout.Rows(text, 0);  // wrapped before each change, as drawing does
+    seed = seed * 1103515245u + 12345u;
+    const size_t at = (seed >> 8) % (text.size() + 1);
+    const size_t removed = step % 3 == 0 ? std::min<size_t>((seed >> 4) % 4, text.size() - at) : 0;
+    const std::wstring insert(1, kTyped[(seed >> 16) % 8]);
+    text.replace(at, removed, step % 3 == 0 ? L"" : insert);
+    layout.Replaced(text, at, removed, step % 3 == 0 ? 0 : 1);
+    ASSERT_EQ(layout.Rows(text, 0), WrapLine(text, 7, true)) << "step " << step;
+  }
+}
+
 TEST(TextLayoutTest, RowsAreCountedAndFoundAcrossLines) {
   const std::wstring text = L"abc defg\r\n\r\nhijklmnop";
   TextLayout layout;
