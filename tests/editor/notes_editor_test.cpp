@@ -34,7 +34,7 @@ TEST(NotesFindTest, FindsWithoutRegardToCaseFromAPlaceAndRoundToTheStart) {
 
 class NotesEditorTest : public UiTest {
  protected:
-  NotesEditorTest() : UiTest(30, 10) { main_ = MakeMain(L"Velmo ToDo List"); }
+  NotesEditorTest() : UiTest(30, 16) { main_ = MakeMain(L"Velmo ToDo List"); }
 
   // The editor's field and dialog, while it is open.
   static HWND Field() { return GetFocus(); }
@@ -122,11 +122,15 @@ TEST_F(NotesEditorTest, DoneAndBackKeepTheTypingAndCancelDropsIt) {
   }
 }
 
-TEST_F(NotesEditorTest, MenuTurnsWordWrapOffAndOnAndCopiesToTheTerminal) {
+TEST_F(NotesEditorTest, RowsFollowTheTerminalSizeAndTheWordWrapChoice) {
   std::wstring notes = L"A line much longer than the screen is wide, to be wrapped";
   std::wstring wrapped_row, unwrapped_row;
   screen_.AddIdleStep([&] {
     wrapped_row = screen_.Row(2);
+    screen_.Resize(40, 16);
+  });
+  screen_.AddIdleStep([&] {
+    EXPECT_NE(screen_.Row(1).find(L"than the screen is"), std::wstring::npos) << "wider rows";
     screen_.TypeKey(VK_TSOFT2);
   });
   screen_.AddIdleStep([&] {
@@ -143,7 +147,7 @@ TEST_F(NotesEditorTest, MenuTurnsWordWrapOffAndOnAndCopiesToTheTerminal) {
   EXPECT_TRUE(Run(&notes));
   EXPECT_NE(wrapped_row.find(L"wide"), std::wstring::npos) << wrapped_row;
   EXPECT_EQ(unwrapped_row.find_first_not_of(L' '), std::wstring::npos) << "one row only";
-  EXPECT_EQ(screen_.terminal_clipboard(), notes);
+  EXPECT_EQ(screen_.terminal_clipboard(), notes) << "select all and copy";
 }
 
 TEST_F(NotesEditorTest, AMegabyteOfNotesOpensScrollsAndIsSaved) {

@@ -177,9 +177,9 @@ TEST_F(MultiLineEditTest, ShiftSelectsAndTheClipboardCarriesTheSelection) {
 // In a dialog: Enter makes a line break, Up on the first row and Down on the
 // last move to the neighbouring fields.
 const DLGITEMTEMPLATEW kNotesItems[] = {
-    {WC_EDITW, L"", 1, WS_TABSTOP, 0, 0, -1, 1},
-    {WC_EDITW, L"one\r\ntwo", 2, WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN, 0, 1, -1, 3},
-    {WC_EDITW, L"", 3, WS_TABSTOP, 0, 4, -1, 1},
+    {WC_EDITW, L"", 101, WS_TABSTOP, 0, 0, -1, 1},
+    {WC_EDITW, L"one\r\ntwo", 102, WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN, 0, 1, -1, 3},
+    {WC_EDITW, L"", 103, WS_TABSTOP, 0, 4, -1, 1},
 };
 const DLGTEMPLATEW kNotesDialog{L"Notes", 0, 0, 0, kNotesItems, 3};
 
@@ -200,7 +200,7 @@ TEST_F(MultiLineEditTest, DialogGetsTheArrowsAtTheEdgesAndEnterStaysInTheText) {
   });
   screen_.AddIdleStep([&] {
     focus_after_down = GetDlgCtrlID(GetFocus());
-    typed = WholeText(GetDlgItem(GetParent(GetFocus()), 2));
+    typed = WholeText(GetDlgItem(GetParent(GetFocus()), 102));
     screen_.TypeKey(VK_UP);  // back into the notes, caret where it was
     screen_.TypeKey(VK_UP);
     screen_.TypeKey(VK_UP);
@@ -212,8 +212,8 @@ TEST_F(MultiLineEditTest, DialogGetsTheArrowsAtTheEdgesAndEnterStaysInTheText) {
   });
   EXPECT_EQ(DialogBoxIndirectParamW(nullptr, &kNotesDialog, main_, NotesProc, 0), IDCANCEL);
   EXPECT_EQ(typed, L"one\r\n\r\ntwo");
-  EXPECT_EQ(focus_after_down, 3);
-  EXPECT_EQ(focus_after_up, 1);
+  EXPECT_EQ(focus_after_down, 103);
+  EXPECT_EQ(focus_after_up, 101);
 }
 
 TEST_F(MultiLineEditTest, AMegabyteOfTextOpensScrollsAndTakesTyping) {
