@@ -29,8 +29,10 @@ constexpr UINT EM_GETLIMITTEXT = 0x00D5;
 // WS_HSCROLL (then lines run on and scroll sideways); Enter with ES_WANTRETURN
 // puts a line break ("\r\n") in the text; Up/Down move the caret by a line
 // (the dialog gets them at the first and last line), Ctrl+Left/Right by a word,
-// PageUp/PageDown by a screen; Shift with a move selects. WM_CUT, WM_COPY and
-// WM_PASTE use the program's clipboard.
+// Ctrl+Home/End to the ends, PageUp/PageDown and the volume keys by a screen;
+// Shift with a move selects. WM_CUT, WM_COPY and WM_PASTE use the program's
+// clipboard (clipboard.h). Lines of EM_GETLINECOUNT, EM_LINEINDEX and the like
+// are the rows shown. EM_LIMITTEXT 0 lifts the limit.
 constexpr UINT EM_GETLINECOUNT = 0x00BA;
 constexpr UINT EM_LINEINDEX = 0x00BB;
 constexpr UINT EM_LINEFROMCHAR = 0x00C9;
