@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "app/delete_commands.h"
+#include "app/due_date_command.h"
 #include "app/list_rows.h"
 #include "app/main_window_state.h"
 #include "app/menus.h"
@@ -104,6 +105,16 @@ void QuickOrSelected(UINT command, LPARAM lparam) {
   }
 }
 
+// In entry mode the due date of the task being typed, over the list the
+// selected task's.
+void DueDate(UINT, LPARAM) {
+  if (InEntryMode()) {
+    ChooseQuickEntryDueDate();
+  } else if (const CEOID oid = SelectedOid()) {
+    ChangeDueDate(oid);
+  }
+}
+
 void QuickEntryEnter(UINT, LPARAM) {
   if (MainWindow().entry && InEntryMode()) CommitEntry(MainWindow().entry);
 }
@@ -183,7 +194,7 @@ constexpr CommandRange kCommands[] = {
     {cmd::kDelete, cmd::kRename, OnSelectedTask},
     {cmd::kPriorityDown, cmd::kPriorityCycle, OnSelectedTask},
     {cmd::kHigh, cmd::kLow, QuickOrSelected},
-    {cmd::kDueDate, cmd::kDueDate, NoDialogYet},
+    {cmd::kDueDate, cmd::kDueDate, DueDate},
     {cmd::kTeamTask, cmd::kTeamTask, QuickOrSelected},
     {cmd::kNotes, cmd::kNotes, OnSelectedTask},
     {cmd::kNextTask, cmd::kPreviousTask, Navigate},

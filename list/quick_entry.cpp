@@ -75,6 +75,7 @@ bool QuickEntryChecked(const QuickEntryMode& m, UINT command) {
     case kCmdQuickSensitivityPrivate: return m.sensitivity_private;
     case kCmdQuickTeamTask: return m.team_task;
     case kCmdQuickReminder: return m.reminder;
+    case kCmdQuickDueDate: return IsSet(m.due_date);
     default: return false;
   }
 }

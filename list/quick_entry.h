@@ -20,6 +20,8 @@ constexpr UINT kCmdQuickSensitivityNormal = 39993;
 constexpr UINT kCmdQuickSensitivityPrivate = 39995;
 constexpr UINT kCmdQuickTeamTask = 40017;
 constexpr UINT kCmdQuickReminder = 40117;
+// "Due Date..." is checked once a due date is chosen.
+constexpr UINT kCmdQuickDueDate = 40016;
 
 // Commands the box sends the main window.
 constexpr UINT kCmdQuickEntryEnter = 40084;
