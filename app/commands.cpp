@@ -13,6 +13,7 @@
 #include "app/task_commands.h"
 #include "categories/filter_menu.h"
 #include "editor/task_summary.h"
+#include "editor/task_editor.h"
 #include "list/draw_appearance.h"
 #include "app/entry_box.h"
 #include "list/sort_rows.h"
@@ -60,6 +61,15 @@ void ViewTask(UINT, LPARAM) {
   const CEOID oid = SelectedOid();
   if (!oid) return;
   const INT_PTR result = ShowTaskSummary(MainWindow().window, oid);
+  if (result >= kFirstCommandResult) SendCommand(static_cast<UINT>(result));
+}
+
+// The task editor on the selected task ("Edit") or on a new one ("New"); a
+// command it ends with is carried out here.
+void OpenEditor(UINT command, LPARAM) {
+  const CEOID oid = command == cmd::kEdit ? SelectedOid() : 0;
+  if (command == cmd::kEdit && !oid) return;
+  const INT_PTR result = RunTaskEditor(MainWindow().window, oid);
   if (result >= kFirstCommandResult) SendCommand(static_cast<UINT>(result));
 }
 
@@ -184,10 +194,10 @@ constexpr CommandRange kCommands[] = {
     {39970, 39981, AppShortcut},
     {cmd::kSensitivityNormal, cmd::kSensitivityNormal, QuickOrSelected},
     {cmd::kSensitivityPrivate, cmd::kSensitivityPrivate, QuickOrSelected},
-    {cmd::kEdit, cmd::kEdit, NoDialogYet},
+    {cmd::kEdit, cmd::kEdit, OpenEditor},
     {cmd::kActivate, cmd::kComplete, CompleteOrActivateSelected},
     {cmd::kCompleteOrActivate, cmd::kCompleteOrActivate, CompleteOrActivate},
-    {cmd::kNew, cmd::kNew, NoDialogYet},
+    {cmd::kNew, cmd::kNew, OpenEditor},
     {cmd::kNewQuick, cmd::kNewQuick, NewQuick},
     {cmd::kCreateCopy, cmd::kCreateCopy, OnSelectedTask},
     {cmd::kView, cmd::kView, ViewTask},

@@ -63,13 +63,13 @@ bool DeleteItem(ITask* item, CEOID oid) {
 
 // Only the current occurrence goes: it is completed, which records it as a task
 // of its own and moves the series on, and that record is deleted.
-void DeleteOccurrence(ITask* item) {
+bool DeleteOccurrence(ITask* item) {
   const CEOID last_before = LastRecord();
   item->put_Complete(VARIANT_TRUE);
   const HRESULT result = item->Save();
   if (FAILED(result)) {
     ShowSaveFailure(result, cmd::kDelete);
-    return;
+    return false;
   }
   const CEOID occurrence = LastRecord();
   ITask* done = nullptr;
@@ -79,6 +79,7 @@ void DeleteOccurrence(ITask* item) {
     done->Release();
   }
   ReloadTasksNow();
+  return true;
 }
 
 // Deletes the tasks of `oids` without questions; returns how many went.
@@ -98,24 +99,26 @@ size_t DeleteWithoutQuestions(const std::vector<CEOID>& oids) {
 
 }  // namespace
 
-void DeleteTask(CEOID oid) {
+bool DeleteTask(CEOID oid) {
   ITask* item = nullptr;
-  if (FAILED(OpenTaskItem(oid, &item))) return;
+  if (FAILED(OpenTaskItem(oid, &item))) return false;
+  bool deleted = false;
   if (!RecursAgain(item)) {
-    if (Confirmed(kAskOne)) DeleteItem(item, oid);
+    deleted = Confirmed(kAskOne) && DeleteItem(item, oid);
   } else {
     switch (Ask(kAskRecurring, MB_YESNOCANCEL)) {
       case IDYES:
-        if (Confirmed(kAskSeries)) DeleteItem(item, oid);
+        deleted = Confirmed(kAskSeries) && DeleteItem(item, oid);
         break;
       case IDNO:
-        if (Confirmed(kAskOccurrence)) DeleteOccurrence(item);
+        deleted = Confirmed(kAskOccurrence) && DeleteOccurrence(item);
         break;
       default:
         break;
     }
   }
   item->Release();
+  return deleted;
 }
 
 void DeleteCompletedTasks() {

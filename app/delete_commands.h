@@ -7,8 +7,9 @@
 
 namespace velmo::app {
 
-// "Delete": with "DeleteConfirm" the deletion is confirmed first.
-void DeleteTask(CEOID oid);
+// "Delete": with "DeleteConfirm" the deletion is confirmed first. True when the
+// task (or its current occurrence) was deleted.
+bool DeleteTask(CEOID oid);
 
 // "Completed Tasks" and "Tasks Displayed" of the Delete menu: asked every time,
 // and followed by the number of tasks deleted.

@@ -21,6 +21,7 @@ constexpr Entry kTable[] = {
 #include "res/strings_settings.inc"
 #include "res/strings_list.inc"
 #include "res/strings_editor.inc"
+#include "res/strings_task_editor.inc"
 #include "res/strings_reminders.inc"
 #include "res/strings_categories.inc"
 #include "res/strings_links.inc"
