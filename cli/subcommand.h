@@ -18,5 +18,7 @@ int RunAdd(int argc, char** argv);
 int RunDemo(int argc, char** argv);
 int RunNotifyd(int argc, char** argv);
 int RunNotifications(int argc, char** argv);
+int RunCheck(int argc, char** argv);
+int RunRecover(int argc, char** argv);
 
 }  // namespace velmo::cli
