@@ -78,8 +78,15 @@ int RunProgram(std::wstring_view command_line) {
   start = ParseCommandLine(command_line);
 
   HANDLE& mutex = g_instance_mutex;
+  std::string refusal;  // why the instance lock cannot be made, in words
+  ipc::SetLogSink([&refusal](const std::string& line) { refusal = line; });
   mutex = CreateMutexW(nullptr, FALSE, kInstanceMutexName);
-  if (!mutex) return 0;
+  ipc::SetLogSink(nullptr);
+  if (!mutex) {
+    ShowStartupError(FromUtf8(refusal.empty() ? "cannot make the lock file in " + ipc::RuntimeDirectory()
+                                              : refusal));
+    return 1;
+  }
   if (GetLastError() == ERROR_ALREADY_EXISTS) {
     HandOverToRunningInstance(start);
     CloseHandle(mutex);

@@ -212,14 +212,18 @@ bool RecoverVolume(const std::filesystem::path& file, Recovery* out) {
   const std::filesystem::path kept = name + ".damaged-" + Stamp();
   std::error_code ec;
   std::filesystem::rename(file, kept, ec);
-  if (!ec && std::filesystem::exists(name + "-wal")) std::filesystem::rename(name + "-wal", kept.string() + "-wal", ec);
   if (ec) {
     SetFailure(ERROR_ACCESS_DENIED, "The damaged volume " + name + " cannot be put aside (" + ec.message() +
                                         "); it was left where it is.");
     RemoveWithLog(fresh);
     return false;
   }
-  std::filesystem::remove(name + "-shm", ec);
+  // The damaged file's log goes with it when it holds anything.
+  std::error_code log_ec;
+  if (std::filesystem::file_size(name + "-wal", log_ec) > 0 && !log_ec)
+    std::filesystem::rename(name + "-wal", kept.string() + "-wal", log_ec);
+  std::filesystem::remove(name + "-wal", log_ec);
+  std::filesystem::remove(name + "-shm", log_ec);
   std::filesystem::rename(fresh, file, ec);
   if (ec) {
     SetFailure(ERROR_ACCESS_DENIED, "The new volume " + fresh.string() + " cannot take the place of " + name +

@@ -365,6 +365,11 @@ bool Volume::CheckPages() {
     verdict = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
   sqlite3_finalize(stmt);
   if (rc != SQLITE_ROW) return Fail(rc);
+  // "*** in database main ***\nPage 24: ..." as one line.
+  if (const size_t header = verdict.find("***\n"); verdict.rfind("*** in database", 0) == 0 && header != std::string::npos)
+    verdict.erase(0, header + 4);
+  for (char& c : verdict)
+    if (c == '\n') c = ' ';
   if (verdict == "ok") {
     std::lock_guard<std::mutex> guard(g_damaged_lock);
     CheckedFiles().insert(identity);

@@ -101,7 +101,8 @@ bool EnsureRoot() {
   if (std::filesystem::exists(status) && !std::filesystem::is_directory(status))
     return RefuseRoot("is a file, not a folder");
   if (!MakePrivateFolder(root)) return RefuseRoot(std::string("cannot be made (") + std::strerror(errno) + ")");
-  if (::access(root.c_str(), W_OK | X_OK) != 0) return RefuseRoot("is not writable");
+  // A folder that cannot be written may still be read: each write says so.
+  if (::access(root.c_str(), X_OK) != 0) return RefuseRoot("cannot be entered");
   if (TightenedRoots().insert(root.string()).second) Tighten(root);
   t_root_failure.clear();
   return true;

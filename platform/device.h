@@ -20,7 +20,8 @@ std::filesystem::path MapPlatformPath(const std::wstring& platform_path);
 // root in a process also tightens what an older version left readable to others:
 // every folder under the root becomes 0700, every file 0600. Returns false (last
 // error set, RootFailure() saying why in words: "the device folder /x is a file,
-// not a folder") when it cannot be made, is not a folder or is not writable.
+// not a folder") when it cannot be made, is not a folder or cannot be entered.
+// A folder that is there but cannot be written is accepted: it can be read.
 bool EnsureRoot();
 std::string RootFailure();
 

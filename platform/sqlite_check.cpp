@@ -71,12 +71,12 @@ FileCheck CheckSqliteFile(const std::string& path, const std::string& identity_s
   std::string first;
   int problems = 0;
   while (rc == SQLITE_OK && (rc = sqlite3_step(s)) == SQLITE_ROW) {
+    rc = SQLITE_OK;  // on to the next row
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(s, 0));
     const std::string line = text ? text : "";
-    if (line == "ok") continue;
-    if (problems++ == 0) first = line;
+    if (line != "ok" && problems++ == 0) first = line;
   }
-  if (rc != SQLITE_DONE && rc != SQLITE_OK) return Failed(raw, rc, path);
+  if (rc != SQLITE_DONE) return Failed(raw, rc, path);
   if (problems == 0) return {FileVerdict::kSound, {}};
   std::string detail = first;
   if (problems > 1)
