@@ -63,23 +63,30 @@ std::string CheckIdentity(sqlite3* db, const std::string& path) {
   std::int64_t app_id = -1, others = -1;
   int rc = SQLITE_OK;
   std::string verdict;
-  if (sqlite3_stmt* s = nullptr; sqlite3_prepare_v2(db, kIdentity.c_str(), -1, &s, nullptr) == SQLITE_OK) {
+  if (sqlite3_stmt* s = nullptr; (rc = sqlite3_prepare_v2(db, kIdentity.c_str(), -1, &s, nullptr)) == SQLITE_OK) {
     if ((rc = sqlite3_step(s)) == SQLITE_ROW) {
       app_id = sqlite3_column_int64(s, 0);
       others = sqlite3_column_int64(s, 1);
     }
     sqlite3_finalize(s);
   }
-  if (sqlite3_stmt* s = nullptr; app_id >= 0 && sqlite3_prepare_v2(db, "PRAGMA quick_check(1)", -1, &s, nullptr) == SQLITE_OK) {
+  if (sqlite3_stmt* s = nullptr;
+      app_id >= 0 && (rc = sqlite3_prepare_v2(db, "PRAGMA quick_check(1)", -1, &s, nullptr)) == SQLITE_OK) {
     if ((rc = sqlite3_step(s)) == SQLITE_ROW) verdict = reinterpret_cast<const char*>(sqlite3_column_text(s, 0));
     sqlite3_finalize(s);
   }
   const int primary = rc & 0xFF;
   if (primary == SQLITE_BUSY || primary == SQLITE_LOCKED)
     return "the notifications file " + path + " is locked by " + HolderOf(path);
-  if (app_id < 0 || primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || (!verdict.empty() && verdict != "ok"))
+  for (char& c : verdict)
+    if (c == '\n') c = ' ';
+  if (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || (!verdict.empty() && verdict != "ok"))
     return "the notifications file " + path + " is damaged (" + (verdict.empty() ? sqlite3_errstr(rc) : verdict) +
            "); nothing is written into it. Reminders work again once it is moved aside.";
+  if (app_id < 0 || verdict.empty()) {
+    if (DiskIsFull(path)) return "the disk holding the notifications file " + path + " is full";
+    return "cannot read the notifications file " + path + " (" + sqlite3_errstr(rc) + ")";
+  }
   if (app_id != kApplicationId && (app_id != 0 || others != 0))
     return "the file " + path + " is not a notifications file of this program; it was left as it is";
   if (app_id == kApplicationId) return {};

@@ -19,8 +19,8 @@ namespace {
 using CrashTest = DeviceTest;
 
 constexpr int kWritersAtOnce = 4;
-constexpr int kMostAdds = 320;
-constexpr auto kLongestRun = std::chrono::seconds(25);
+constexpr int kMostAdds = 240;
+constexpr auto kLongestRun = std::chrono::seconds(15);
 
 TEST_F(CrashTest, WritersKilledAtRandomLoseNothingAcknowledged) {
   const std::string device = root().string();

@@ -23,12 +23,14 @@ class DamagedVolumeTest : public CedbTest {
   void SetUp() override {
     CedbTest::SetUp();
     const std::wstring padding(120, L'x');
+    ASSERT_TRUE(cedb::BeginWriteBatch(&volume_));
     for (int i = 0; i < kRecords; ++i) {
       const std::wstring text = L"record " + std::to_wstring(i) + L" " + padding;
       const CEOID oid = Write(0, {PropString(1, text.c_str())});
       ASSERT_NE(oid, 0u);
       texts_[oid] = text;
     }
+    ASSERT_TRUE(cedb::EndWriteBatch(&volume_));
     CeCloseHandle(db_);
     db_ = INVALID_HANDLE_VALUE;
     ASSERT_TRUE(CeUnmountDBVol(&volume_));
