@@ -10,6 +10,7 @@
 #include "app/resource_check.h"
 #include "app/second_instance.h"
 #include "platform/cedb.h"
+#include "platform/cedb_recover.h"
 #include "platform/device.h"
 #include "platform/ipc.h"
 #include "platform/lasterror.h"
@@ -37,16 +38,20 @@ void InitialiseSettings() {
 }
 
 // The device folder, and the volume and databases of a working device made on an
-// empty root. Only a folder that cannot be used stops the start; the run goes on
-// without tasks when the volume cannot be made or read.
+// empty root. A folder that cannot be used, and a volume that is damaged or is
+// not this program's, stop the start with the reason: nothing may be written
+// into either. Otherwise the run goes on without tasks when the volume cannot be
+// made or read (locked, say), and the reading reports it.
 bool PrepareDevice() {
   if (!device::EnsureRoot()) {
-    std::fprintf(stderr, "velmo-todo: cannot use the device folder %s\n",
-                 device::Root().c_str());
+    ShowStartupError(FromUtf8(device::RootFailure()));
     return false;
   }
-  cedb::EnsureDeviceVolume();  // its failure is reported when the tasks are read
-  return true;
+  if (cedb::EnsureDeviceVolume()) return true;
+  const DWORD error = GetLastError();
+  if (error != ERROR_FILE_CORRUPT && error != ERROR_BAD_FORMAT) return true;
+  ShowStartupError(FromUtf8(cedb::LastFailure()));
+  return false;
 }
 
 }  // namespace
@@ -73,8 +78,15 @@ int RunProgram(std::wstring_view command_line) {
   start = ParseCommandLine(command_line);
 
   HANDLE& mutex = g_instance_mutex;
+  std::string refusal;  // why the instance lock cannot be made, in words
+  ipc::SetLogSink([&refusal](const std::string& line) { refusal = line; });
   mutex = CreateMutexW(nullptr, FALSE, kInstanceMutexName);
-  if (!mutex) return 0;
+  ipc::SetLogSink(nullptr);
+  if (!mutex) {
+    ShowStartupError(FromUtf8(refusal.empty() ? "cannot make the lock file in " + ipc::RuntimeDirectory()
+                                              : refusal));
+    return 1;
+  }
   if (GetLastError() == ERROR_ALREADY_EXISTS) {
     HandOverToRunningInstance(start);
     CloseHandle(mutex);

@@ -32,7 +32,12 @@ int RunDemo(int argc, char** argv) {
   if (!OpenDeviceStore("demo", true)) return 1;
   StoreConnection& store = Store();
   DemoTaskMaker maker(kSeed, std::trunc(NowAsDate()));
-  const bool batch = cedb::BeginWriteBatch(&store.volume);
+  // A volume that takes no batch (full, read-only, held, damaged) takes no task.
+  if (!cedb::BeginWriteBatch(&store.volume)) {
+    PrintStoreFailure("demo");
+    CloseDeviceStore();
+    return 1;
+  }
   long saved = 0;
   for (long i = 0; i < count; ++i) {
     const DemoTask task = maker.Next();
@@ -44,8 +49,13 @@ int RunDemo(int argc, char** argv) {
     const SaveFailureMessage message = DescribeSaveFailure({task.start, task.due, task.reminder, 0, result});
     std::fprintf(stderr, "velmo demo: \"%s\" not saved: %s\n", ToUtf8(task.subject).c_str(),
                  ToUtf8(message.text).c_str());
+    // A refusal of the file itself (full, read-only, damaged) refuses the rest too.
+    if ((static_cast<DWORD>(result) & 0xFFFF0000u) == 0x80070000u) {
+      PrintStoreFailure("demo");
+      break;
+    }
   }
-  const bool written = !batch || cedb::EndWriteBatch(&store.volume);
+  const bool written = cedb::EndWriteBatch(&store.volume);
   CloseDeviceStore();
   if (!written) {
     std::fprintf(stderr, "velmo demo: %s\n", cedb::LastFailure().c_str());

@@ -5,6 +5,7 @@
 
 #include "platform/cedb.h"
 #include "platform/device.h"
+#include "platform/notify.h"
 #include "platform/wstr.h"
 #include "settings/settings.h"
 #include "store/connection.h"
@@ -12,6 +13,8 @@
 
 namespace velmo::cli {
 namespace {
+
+const char* g_command = "";
 
 // Reminders and the after-synchronisation start go to velmo-todo, installed
 // beside this command, never to the command itself.
@@ -55,8 +58,9 @@ bool OpenDeviceStoreHeld(const char* command) {
 }  // namespace
 
 bool OpenDeviceStore(const char* command, bool object_model) {
+  g_command = command;
   if (!device::EnsureRoot()) {
-    std::fprintf(stderr, "velmo %s: %s\n", command, cedb::LastFailure().c_str());
+    std::fprintf(stderr, "velmo %s: %s\n", command, device::RootFailure().c_str());
     return false;
   }
   if (!OpenDeviceStoreHeld(command)) return false;
@@ -68,6 +72,17 @@ bool OpenDeviceStore(const char* command, bool object_model) {
   return true;
 }
 
-void CloseDeviceStore() { CloseConnection(); }
+void PrintStoreFailure(const char* command) {
+  const std::string failure = cedb::LastFailure();
+  if (!failure.empty()) std::fprintf(stderr, "velmo %s: %s\n", command, failure.c_str());
+}
+
+bool CloseDeviceStore() {
+  CloseConnection();
+  const std::string unscheduled = notify::TakeUnscheduledReminder();
+  if (unscheduled.empty()) return true;
+  std::fprintf(stderr, "velmo %s: the reminder was not set: %s\n", g_command, unscheduled.c_str());
+  return false;
+}
 
 }  // namespace velmo::cli

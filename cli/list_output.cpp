@@ -39,14 +39,25 @@ void AppendDate(DATE date, bool with_time, std::string* out) {
   AppendDigits(st.wMinute, 2, out);
 }
 
-// The text in UTF-8 with its tabs and line breaks made spaces.
+// The text in UTF-8 with its tabs and line breaks made spaces, and every other
+// control character shown in caret form ("^[" for escape; C1 controls as the
+// replacement character), so that a subject cannot steer the terminal.
 void AppendOneLine(const std::wstring& text, std::string* out) {
-  const size_t start = out->size();
-  AppendUtf8(text, out);
-  for (size_t i = start; i < out->size(); ++i) {
-    char& c = (*out)[i];
-    if (c == '\t' || c == '\n' || c == '\r') c = ' ';
+  std::wstring shown;
+  shown.reserve(text.size());
+  for (const wchar_t c : text) {
+    if (c == L'\t' || c == L'\n' || c == L'\r') {
+      shown.push_back(L' ');
+    } else if (c < 0x20 || c == 0x7F) {
+      shown.push_back(L'^');
+      shown.push_back(static_cast<wchar_t>(c ^ 0x40));
+    } else if (c >= 0x80 && c < 0xA0) {
+      shown.push_back(L'\uFFFD');
+    } else {
+      shown.push_back(c);
+    }
   }
+  AppendUtf8(shown, out);
 }
 
 template <typename Number>

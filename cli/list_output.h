@@ -12,8 +12,8 @@ namespace velmo::cli {
 // Object identifier, subject, start, due, reminder time (empty when no reminder
 // is set), date completed, priority (low, normal, high), categories; days as
 // YYYY-MM-DD, the reminder as YYYY-MM-DDTHH:MM, no date as nothing. A tab or a
-// line break inside a text becomes a space so that a task stays one line. UTF-8,
-// no line end.
+// line break inside a text becomes a space so that a task stays one line; other
+// control characters show as "^[" and the like. UTF-8, no line end.
 std::string TaskLine(const Task& task);
 
 // The current view under the filter in force, judged at `ref` (kNoDate: now):

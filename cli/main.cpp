@@ -35,6 +35,12 @@ constexpr Subcommand kSubcommands[] = {
      velmo::cli::RunNotifyd},
     {"notifications", "notifications                            the pending notifications, one a line",
      velmo::cli::RunNotifications},
+    {"check", "check                                    the volume, the registry and the notifications\n"
+              "      file, each with its verdict (exit 1 when one is damaged or not this program's)",
+     velmo::cli::RunCheck},
+    {"recover", "recover                                  copy every readable task of a damaged volume\n"
+                "      into a new one; the damaged file is kept aside",
+     velmo::cli::RunRecover},
 };
 
 void PrintHelp(std::FILE* out) {

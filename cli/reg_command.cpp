@@ -1,9 +1,11 @@
 // velmo reg: the settings in the text form of registry exports.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "cli/reg_text.h"
@@ -45,13 +47,47 @@ int Export(const char* key_path) {
   return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? 0 : 1;
 }
 
-int Import(const char* file) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in) {
-    std::fprintf(stderr, "velmo reg: cannot read %s: %s\n", file, std::strerror(errno));
-    return 1;
+// Settings exports are a few kilobytes; anything this large is not one.
+constexpr off_t kLargestImport = 16 << 20;
+
+// The file's text, read whole; false, after saying why, for what is not a plain
+// file of a sensible size (a folder, a device, a pipe that never ends).
+bool ReadImportFile(const char* file, std::string* text) {
+  const int fd = ::open(file, O_RDONLY | O_CLOEXEC | O_NONBLOCK);  // a pipe must not hold the open
+  struct stat st;
+  const char* problem = nullptr;
+  if (fd < 0 || ::fstat(fd, &st) != 0)
+    problem = std::strerror(errno);
+  else if (!S_ISREG(st.st_mode))
+    problem = S_ISDIR(st.st_mode) ? "it is a folder, not a file" : "it is not a plain file";
+  else if (st.st_size > kLargestImport)
+    problem = "it is larger than 16 MB, too large for a settings export";
+  std::string read;
+  if (!problem) {
+    read.resize(static_cast<size_t>(st.st_size));
+    size_t done = 0;
+    // The file may shrink meanwhile; it is never read past its size.
+    while (done < read.size()) {
+      const ssize_t n = ::read(fd, read.data() + done, read.size() - done);
+      if (n < 0 && errno == EINTR) continue;
+      if (n < 0) problem = std::strerror(errno);
+      if (n <= 0) break;
+      done += static_cast<size_t>(n);
+    }
+    read.resize(done);
   }
-  const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  if (fd >= 0) ::close(fd);
+  if (problem) {
+    std::fprintf(stderr, "velmo reg: cannot import %s: %s; nothing imported\n", file, problem);
+    return false;
+  }
+  *text = std::move(read);
+  return true;
+}
+
+int Import(const char* file) {
+  std::string text;
+  if (!ReadImportFile(file, &text)) return 1;
   std::vector<registry::RawKey> keys;
   std::vector<RegTextError> errors;
   if (!ParseRegText(text, &keys, &errors)) {

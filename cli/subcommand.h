@@ -19,5 +19,7 @@ int RunEdit(int argc, char** argv);
 int RunDemo(int argc, char** argv);
 int RunNotifyd(int argc, char** argv);
 int RunNotifications(int argc, char** argv);
+int RunCheck(int argc, char** argv);
+int RunRecover(int argc, char** argv);
 
 }  // namespace velmo::cli

@@ -1,12 +1,25 @@
 #include "platform/cedb_volume.h"
 
+#include <sys/stat.h>
+
 #include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <chrono>
 #include <cstdint>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <set>
+#include <tuple>
 #include <system_error>
 
 #include "platform/cedb.h"
 #include "platform/cedb_failure.h"
+#include "platform/device.h"
+#include "platform/file_trouble.h"
+#include "platform/lasterror.h"
 #include "platform/sqlite_wal.h"
 
 namespace velmo::cedb {
@@ -22,6 +35,57 @@ constexpr std::int64_t kJournalPruneEvery = 512;
 constexpr std::int64_t kUnixEpochTicks = 116444736000000000;
 
 std::atomic<int> g_busy_timeout_ms{5000};
+
+// Files found damaged in this process, with what was found: never opened for
+// writing again while the file stays the same one (a file put in its place, by
+// "velmo recover" for one, is looked at anew).
+struct Damage {
+  ino_t inode;
+  off_t size;
+  std::int64_t modified_ns;
+  std::string finding;
+};
+std::mutex g_damaged_lock;
+std::map<std::string, Damage>& DamagedFiles() {
+  static auto* files = new std::map<std::string, Damage>;
+  return *files;
+}
+Damage Stamp(const std::string& file, std::string finding) {
+  struct stat st = {};
+  ::stat(file.c_str(), &st);
+  return {st.st_ino, st.st_size, st.st_mtim.tv_sec * 1000000000LL + st.st_mtim.tv_nsec,
+          std::move(finding)};
+}
+// What was found in the file, when it is known to be damaged.
+std::optional<std::string> KnownDamage(const std::string& file) {
+  std::lock_guard<std::mutex> guard(g_damaged_lock);
+  auto found = DamagedFiles().find(file);
+  if (found == DamagedFiles().end()) return std::nullopt;
+  const Damage now = Stamp(file, {});
+  const Damage& then = found->second;
+  if (now.inode == then.inode && now.size == then.size && now.modified_ns == then.modified_ns)
+    return then.finding;
+  DamagedFiles().erase(found);
+  return std::nullopt;
+}
+// Files whose pages were all looked at in this process, as they were then: a
+// second mount of the unchanged file (start-up mounts the volume more than
+// once) is not checked again.
+using FileState = std::tuple<dev_t, ino_t, off_t, std::int64_t>;
+std::set<FileState>& CheckedFiles() {
+  static auto* files = new std::set<FileState>;
+  return *files;
+}
+FileState StateOf(const std::string& file) {
+  struct stat st = {};
+  ::stat(file.c_str(), &st);
+  return {st.st_dev, st.st_ino, st.st_size, st.st_mtim.tv_sec * 1000000000LL + st.st_mtim.tv_nsec};
+}
+
+void MarkDamaged(const std::string& file, const std::string& finding) {
+  std::lock_guard<std::mutex> guard(g_damaged_lock);
+  DamagedFiles().insert_or_assign(file, Stamp(file, finding));
+}
 
 // Indexed by Sql.
 constexpr const char* kSqlText[] = {
@@ -165,15 +229,28 @@ std::unique_ptr<Volume> Volume::Open(const std::filesystem::path& path, DWORD di
   bool exists = std::filesystem::exists(path, ec);
   std::unique_ptr<Volume> volume(new Volume(path.string()));
   if (!DispositionAllows(disposition, exists, volume->file_)) return nullptr;
-  if (!exists) {
-    std::filesystem::create_directories(path.parent_path(), ec);
-    if (ec) {
-      SetFailure(ERROR_ACCESS_DENIED, "The folder of the database volume " + volume->file_ +
-                                          " cannot be made (" + ec.message() + ").");
-      return nullptr;
-    }
+  if (!exists && (!device::MakePrivateFolder(path.parent_path()) || !device::MakePrivateFile(path))) {
+    SetFailure(ERROR_ACCESS_DENIED, "The database volume " + volume->file_ + " cannot be made (" +
+                                        std::strerror(errno) + ").");
+    return nullptr;
   }
-  if (!volume->Connect(!exists) || !volume->CheckOrInitialize()) return nullptr;
+  if (const auto finding = exists ? KnownDamage(volume->file_) : std::nullopt) {
+    SetSqliteFailure(SQLITE_CORRUPT, volume->file_, finding->c_str());
+    return nullptr;
+  }
+  if (!volume->Connect(!exists) || !volume->CheckOrInitialize()) {
+    // Reading needs no room, but opening the log's index does: on a full disk or
+    // a read-only one a volume is opened to be read only, and every write says
+    // why it is refused.
+    if (!exists || KnownDamage(volume->file_)) return nullptr;
+    if (DiskIsFull(volume->file_))
+      volume->read_only_cause_ = SQLITE_FULL;
+    else if (IsReadOnly(volume->file_))
+      volume->read_only_cause_ = SQLITE_READONLY;
+    else
+      return nullptr;
+    if (!volume->ConnectToRead()) return nullptr;
+  }
   if (disposition == CREATE_ALWAYS && exists && !volume->RemoveAllDatabases()) return nullptr;
   return volume;
 }
@@ -181,6 +258,46 @@ std::unique_ptr<Volume> Volume::Open(const std::filesystem::path& path, DWORD di
 Volume::~Volume() {
   for (sqlite3_stmt* stmt : statements_) sqlite3_finalize(stmt);
   sqlite3_close(db_);
+}
+
+bool Volume::ConnectToRead() {
+  const std::string failure = LastFailure();
+  const DWORD error = GetLastError();
+  for (sqlite3_stmt*& stmt : statements_) {
+    sqlite3_finalize(stmt);
+    stmt = nullptr;
+  }
+  sqlite3_close(db_);
+  db_ = nullptr;
+  // As a URI, with the characters that mean something there escaped.
+  std::string uri = "file:";
+  for (const char c : file_) {
+    if (c == '?' || c == '#' || c == '%') {
+      char escaped[4];
+      std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned char>(c));
+      uri += escaped;
+    } else {
+      uri += c;
+    }
+  }
+  uri += "?immutable=1";
+  int rc = sqlite3_open_v2(uri.c_str(), &db_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
+  sqlite3_stmt* stmt = nullptr;
+  if (rc == SQLITE_OK) rc = sqlite3_prepare_v2(db_, "SELECT value FROM volume WHERE key='format'", -1, &stmt, nullptr);
+  const bool readable = rc == SQLITE_OK && sqlite3_step(stmt) == SQLITE_ROW &&
+                        sqlite3_column_int64(stmt, 0) == kFormatVersion;
+  sqlite3_finalize(stmt);
+  if (!readable) {
+    SetFailure(error, failure);
+    return false;
+  }
+  sqlite3_extended_result_codes(db_, 1);
+  return true;
+}
+
+bool Volume::RefuseReadOnly() {
+  SetSqliteFailure(read_only_cause_, file_, "");
+  return false;
 }
 
 bool Volume::Connect(bool may_create) {
@@ -215,18 +332,59 @@ bool Volume::CheckOrInitialize() {
                  "The file " + file_ + " is not a database volume of this program; it was left unchanged.");
       return false;
     }
+    if (!CheckPages()) return false;
   }
   // Write-ahead logging lets readers and one writer of any process work at once.
-  // Pages are read through a memory map rather than one read call each.
+  // Every commit reaches the disk before the call returns: a task shown as saved
+  // stays saved through a power loss (passes that write many records batch them
+  // into one commit). Pages are read through a memory map rather than one read
+  // call each.
   rc = UseWriteAheadLog(db_, BusyTimeoutMs());
   if (rc == SQLITE_OK)
-    rc = sqlite3_exec(db_, "PRAGMA synchronous=NORMAL; PRAGMA mmap_size=268435456", nullptr, nullptr, nullptr);
+    rc = sqlite3_exec(db_, "PRAGMA synchronous=FULL; PRAGMA mmap_size=268435456", nullptr, nullptr, nullptr);
   if (rc != SQLITE_OK) return Fail(rc);
   if (objects > 0) return true;
   return Write([this] {
     int result = sqlite3_exec(db_, kSchema, nullptr, nullptr, nullptr);
     return result == SQLITE_OK || Fail(result);
   });
+}
+
+// Every page of the file is looked at once before the program uses it: damage
+// found later, by a read that needs the page, would come after writes.
+bool Volume::CheckPages() {
+  const FileState identity = StateOf(file_);
+  {
+    std::lock_guard<std::mutex> guard(g_damaged_lock);
+    if (CheckedFiles().count(identity)) return true;
+  }
+  sqlite3_stmt* stmt = nullptr;
+  int rc = sqlite3_prepare_v2(db_, "PRAGMA quick_check(1)", -1, &stmt, nullptr);
+  std::string verdict;
+  if (rc == SQLITE_OK && (rc = sqlite3_step(stmt)) == SQLITE_ROW)
+    verdict = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
+  sqlite3_finalize(stmt);
+  if (rc != SQLITE_ROW) return Fail(rc);
+  // "*** in database main ***\nPage 24: ..." as one line.
+  if (const size_t header = verdict.find("***\n"); verdict.rfind("*** in database", 0) == 0 && header != std::string::npos)
+    verdict.erase(0, header + 4);
+  for (char& c : verdict)
+    if (c == '\n') c = ' ';
+  if (verdict == "ok") {
+    std::lock_guard<std::mutex> guard(g_damaged_lock);
+    CheckedFiles().insert(identity);
+    return true;
+  }
+  damaged_ = true;
+  MarkDamaged(file_, verdict);
+  SetSqliteFailure(SQLITE_CORRUPT, file_, verdict.c_str());
+  return false;
+}
+
+bool Volume::RefuseDamaged() {
+  const auto finding = KnownDamage(file_);
+  SetSqliteFailure(SQLITE_CORRUPT, file_, finding ? finding->c_str() : "");
+  return false;
 }
 
 // CREATE_ALWAYS on an existing volume: every database goes, identifiers stay
@@ -276,6 +434,8 @@ void Volume::RollBack(bool to_savepoint) {
 }
 
 bool Volume::BeginBatch() {
+  if (damaged_) return RefuseDamaged();
+  if (read_only_cause_) return RefuseReadOnly();
   if (batch_depth_ == 0 && !Exec(Sql::kBegin)) return false;
   ++batch_depth_;
   return true;
@@ -327,7 +487,13 @@ bool Volume::TouchDatabase(CEOID db, std::int64_t record_delta, std::int64_t siz
 }
 
 bool Volume::Fail(int sqlite_code) {
-  SetSqliteFailure(sqlite_code, file_, db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(sqlite_code));
+  const int primary = sqlite_code & 0xFF;
+  const char* detail = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(sqlite_code);
+  if (primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB) {
+    damaged_ = true;
+    MarkDamaged(file_, detail);
+  }
+  SetSqliteFailure(sqlite_code, file_, detail);
   return false;
 }
 

@@ -108,6 +108,8 @@ class Volume {
   // busy timeout) or commit.
   template <typename Body>
   bool Write(Body&& body) {
+    if (damaged_) return RefuseDamaged();
+    if (read_only_cause_) return RefuseReadOnly();
     bool batched = batch_depth_ > 0;
     if (!Exec(batched ? Sql::kSavepoint : Sql::kBegin)) return false;
     if (!body() || !Exec(batched ? Sql::kRelease : Sql::kCommit)) {
@@ -135,8 +137,11 @@ class Volume {
   // Deletes every database with its records (identifiers stay used).
   bool RemoveAllDatabases();
 
-  // Sets the failure for an SQLite result met on this file; returns false.
+  // Sets the failure for an SQLite result met on this file; returns false. Damage
+  // met by any call marks the file damaged for the rest of the process.
   bool Fail(int sqlite_code);
+  // True once damage was met in the file: every write is refused from then on.
+  bool damaged() const { return damaged_; }
 
   const std::string& file() const { return file_; }
   // Commits made through this connection (other processes' show in data_version).
@@ -146,6 +151,10 @@ class Volume {
   explicit Volume(std::string file) : file_(std::move(file)) {}
   bool Connect(bool may_create);
   bool CheckOrInitialize();
+  bool CheckPages();
+  bool ConnectToRead();
+  bool RefuseDamaged();
+  bool RefuseReadOnly();
   bool Exec(Sql which);
   void RollBack(bool to_savepoint);
 
@@ -154,6 +163,8 @@ class Volume {
   std::array<sqlite3_stmt*, static_cast<size_t>(Sql::kCount)> statements_{};
   std::uint64_t generation_ = 0;
   int batch_depth_ = 0;
+  bool damaged_ = false;
+  int read_only_cause_ = 0;  // SQLITE_FULL or SQLITE_READONLY: opened to be read only
 };
 
 // Current time as FILETIME ticks (UTC).

@@ -60,7 +60,17 @@ std::string RuntimeDirectory() {
   const char* xdg = std::getenv("XDG_RUNTIME_DIR");
   if (xdg && xdg[0] == '/' && stat(xdg, &st) == 0 && S_ISDIR(st.st_mode))
     return std::string(xdg) + "/velmo-todo";
-  return "/tmp/velmo-" + std::to_string(geteuid());
+  const char* tmp = std::getenv("TMPDIR");
+  const std::string shared =
+      std::string(tmp && tmp[0] == '/' ? tmp : "/tmp") + "/velmo-" + std::to_string(geteuid());
+  // Anyone may take that name first in a shared folder: when it is not this
+  // user's own folder, one in the user's home, where no one else can make it,
+  // takes its place.
+  if (lstat(shared.c_str(), &st) != 0 || (S_ISDIR(st.st_mode) && st.st_uid == geteuid())) return shared;
+  const char* cache = std::getenv("XDG_CACHE_HOME");
+  const char* home = std::getenv("HOME");
+  if (cache && cache[0] == '/') return std::string(cache) + "/velmo-todo/run";
+  return std::string(home && home[0] == '/' ? home : "/") + "/.cache/velmo-todo/run";
 }
 
 std::string MutexLockPath(std::wstring_view mutex_name) {
@@ -104,7 +114,7 @@ void Log(const std::string& line) {
 
 bool EnsureRuntimeDirectory() {
   const std::string dir = RuntimeDirectory();
-  if (mkdir(dir.c_str(), 0700) != 0 && errno != EEXIST) {
+  if (!device::MakePrivateFolder(dir)) {
     const int error = errno;
     Log("cannot make " + dir + ": " + std::strerror(error));
     SetLastError(ErrorFromErrno(error));

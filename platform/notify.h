@@ -136,4 +136,9 @@ bool ListRunAppAtEvent(LONG event, std::vector<RunAtEventRegistration>* out);
 // The command line an application registered for event is started with.
 const wchar_t* RunAtEventCommandLine(LONG event);
 
+// Why the reminder last set in this process could not be scheduled (the file
+// named, what happened); empty when it was, or when none was set. Reading it
+// clears it. A command that saved a task reports it rather than exit quietly.
+std::string TakeUnscheduledReminder();
+
 }  // namespace velmo::notify

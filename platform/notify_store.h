@@ -51,7 +51,17 @@ std::string ChangeMarkPath();
 // Rewrites the change mark, unless a batch is open (EndStoreBatch then does).
 void AnnounceChange();
 
+// One row, true when the open file is a notifications file (for velmo check).
+std::string IdentitySql();
+
 // The last failure of OpenStore in this thread, naming the file.
 std::string StoreFailure();
+
+// Why the last CeSetUserNotificationEx of this thread failed (empty after a
+// success): a reminder that was not scheduled is told to the user, never dropped.
+void NoteUnscheduled(std::string why);
+// The sentence for a write to the file that failed with rc: damaged, full,
+// read-only, held by another program (which).
+std::string DescribeWriteFailure(sqlite3* db, int rc);
 
 }  // namespace velmo::notify

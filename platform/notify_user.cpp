@@ -173,7 +173,10 @@ HANDLE CeSetUserNotificationEx(HANDLE replace, CE_NOTIFICATION_TRIGGER* trigger,
     return nullptr;
   }
   sqlite3* db = ThreadStore();
-  if (!db) return nullptr;
+  if (!db) {
+    NoteUnscheduled(StoreFailure());
+    return nullptr;
+  }
   const char* sql =
       replace ? "UPDATE user_notifications SET status = 0, type = ?1, event = ?2,"
                 " application = ?3, arguments = ?4, start_time = ?5, end_time = ?6,"
@@ -206,14 +209,17 @@ HANDLE CeSetUserNotificationEx(HANDLE replace, CE_NOTIFICATION_TRIGGER* trigger,
   if (replace) sqlite3_bind_int64(s.get(), 13, HandleValue(replace));
   const int rc = sqlite3_step(s.get());
   if (rc != SQLITE_DONE) {
+    NoteUnscheduled(DescribeWriteFailure(db, rc));
     SetLastError(ErrorOf(rc));
     return nullptr;
   }
   if (replace && sqlite3_changes(db) == 0) {
+    NoteUnscheduled("the notification to replace is gone");
     SetLastError(ERROR_INVALID_HANDLE);
     return nullptr;
   }
   const HANDLE handle = replace ? replace : HandleOf(static_cast<DWORD>(sqlite3_last_insert_rowid(db)));
+  NoteUnscheduled({});
   AnnounceChange();
   return handle;
 }

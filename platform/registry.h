@@ -92,6 +92,9 @@ namespace velmo::registry {
 // The registry file of the current device root.
 std::string FilePath();
 
+// One row, true when the open file is a registry file (for velmo check).
+std::string IdentitySql();
+
 // A sentence describing the last failure to reach the registry file in this
 // thread, naming the file; empty after a success.
 std::string LastFailure();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/device.h"
+#include "platform/file_trouble.h"
 #include "platform/registry.h"
 #include "platform/sqlite_wal.h"
 
@@ -218,10 +219,10 @@ sqlite3* Connection(LONG* error) {
   file.path.clear();
 
   if (!device::EnsureRoot()) {
-    *error = Refuse(ERROR_ACCESS_DENIED, "cannot use the registry file " + path +
-                                             ": the device root is not writable");
+    *error = Refuse(ERROR_ACCESS_DENIED, "cannot use the registry file " + path + ": " + device::RootFailure());
     return nullptr;
   }
+  device::MakePrivateFile(path);
   if (std::filesystem::exists(path) && access(path.c_str(), R_OK | W_OK) != 0) {
     *error = Refuse(ERROR_ACCESS_DENIED, "cannot use the registry file " + path +
                                              ": it is not readable and writable");
@@ -259,7 +260,7 @@ LONG MapSqliteError(sqlite3* db, int result) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
       return Refuse(ERROR_LOCK_VIOLATION,
-                    "the registry file " + path + " is locked by another process");
+                    "the registry file " + path + " is locked by " + HolderOf(path) + " for longer than the wait");
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
       return Refuse(ERROR_BADDB, "the registry file " + path +
@@ -268,9 +269,12 @@ LONG MapSqliteError(sqlite3* db, int result) {
       return Refuse(ERROR_DISK_FULL, "the disk holding the registry file " + path + " is full");
     case SQLITE_READONLY:
     case SQLITE_PERM:
+      return Refuse(ERROR_ACCESS_DENIED, "the registry file " + path + " is read-only");
     case SQLITE_CANTOPEN:
-      return Refuse(ERROR_ACCESS_DENIED, "cannot write the registry file " + path);
+      return Refuse(ERROR_ACCESS_DENIED, "cannot open the registry file " + path);
     default:
+      if (DiskIsFull(path)) return Refuse(ERROR_DISK_FULL, "the disk holding the registry file " + path + " is full");
+      if (IsReadOnly(path)) return Refuse(ERROR_ACCESS_DENIED, "the registry file " + path + " is read-only");
       return Refuse(ERROR_WRITE_FAULT, "the registry file " + path + " failed: " +
                                            (db ? sqlite3_errmsg(db) : sqlite3_errstr(result)));
   }
@@ -282,6 +286,10 @@ void SetBusyTimeoutForTesting(int milliseconds) {
   std::lock_guard<std::mutex> guard(Lock());
   g_busy_timeout_ms = milliseconds;
   if (Current().db) sqlite3_busy_timeout(Current().db, milliseconds);
+}
+
+std::string IdentitySql() {
+  return "SELECT application_id=" + std::to_string(kApplicationId) + " FROM pragma_application_id()";
 }
 
 std::string FilePath() { return (device::Root() / "registry.db").string(); }

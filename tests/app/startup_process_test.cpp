@@ -145,11 +145,12 @@ TEST_F(StartupProcessTest, DamagedVolumeIsNamedAndLeftAlone) {
   const std::string volume = (root() / "IPSM" / "mxip_initdb.vol").string();
   const std::string garbage(4096, 'g');
   testing::WriteFileBytes(volume, garbage);
-  // The object model cannot use the volume either: the program ends.
+  // The program refuses the device, saying which file and what to do.
   ChildProcess first(VELMO_TODO_BIN, {});
   first.CloseInput();
-  EXPECT_EQ(first.Wait(), 0);
+  EXPECT_EQ(first.Wait(), 1);
   EXPECT_NE(first.error_output().find(volume), std::string::npos) << first.error_output();
+  EXPECT_NE(first.error_output().find("velmo recover"), std::string::npos) << first.error_output();
   EXPECT_EQ(testing::ReadFileBytes(volume), garbage);
 }
 

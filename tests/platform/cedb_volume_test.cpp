@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "platform/cedb_recover.h"
 #include "platform/device.h"
 #include "tests/platform/cedb_fixture.h"
 
@@ -113,15 +114,17 @@ TEST_F(VolumeTest, BadFilesFailWithAClearMessageAndAreLeftUntouched) {
     sqlite3_close(db);
     foreign = ReadFileBytes(other);
   }
-  struct Case { const char* name; std::string bytes; } cases[] = {
-      {"garbage", garbage}, {"damaged pages", damaged}, {"another program's file", foreign}};
+  struct Case { const char* name; std::string bytes; DWORD error; } cases[] = {
+      {"garbage", garbage, ERROR_FILE_CORRUPT},
+      {"damaged pages", damaged, ERROR_FILE_CORRUPT},
+      {"another program's file", foreign, ERROR_BAD_FORMAT}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     WriteFileBytes(file, c.bytes);
     for (DWORD flags : {OPEN_EXISTING, OPEN_ALWAYS, CREATE_ALWAYS}) {
       CEGUID guid;
       EXPECT_FALSE(CeMountDBVol(&guid, kTestVolume, flags));
-      EXPECT_EQ(GetLastError(), ERROR_BAD_FORMAT);
+      EXPECT_EQ(GetLastError(), c.error);
       EXPECT_TRUE(CHECK_INVALIDGUID(&guid));
       EXPECT_NE(cedb::LastFailure().find(file.string()), std::string::npos) << cedb::LastFailure();
       ExpectEveryCallFails(&guid);

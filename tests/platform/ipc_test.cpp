@@ -154,6 +154,34 @@ TEST_F(IpcTest, RuntimeFolderOpenToOthersIsClosedOrRefused) {
   EXPECT_NE(log_.find("not a folder of this user"), std::string::npos) << log_;
 }
 
+// Without a runtime folder of the session, the shared temporary folder's name
+// may have been taken by another user first: the user's own cache folder
+// serves instead, and the program still starts.
+TEST_F(IpcTest, AFolderNameTakenByAnotherUserIsAvoided) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs root to make a folder of another user";
+  unsetenv("XDG_RUNTIME_DIR");
+  const std::string tmp = root().string() + "/tmp", home = root().string() + "/home";
+  const char* old_home = std::getenv("HOME");
+  const std::string kept_home = old_home ? old_home : "";
+  mkdir(tmp.c_str(), 0777);
+  setenv("TMPDIR", tmp.c_str(), 1);
+  setenv("HOME", home.c_str(), 1);
+  unsetenv("XDG_CACHE_HOME");
+  const std::string taken = tmp + "/velmo-" + std::to_string(geteuid());
+  EXPECT_EQ(RuntimeDirectory(), taken);
+  mkdir(taken.c_str(), 0777);
+  ASSERT_EQ(chown(taken.c_str(), 65534, 65534), 0);
+  EXPECT_EQ(RuntimeDirectory(), home + "/.cache/velmo-todo/run");
+  HANDLE mutex = CreateMutexW(nullptr, FALSE, kMutexName);
+  EXPECT_NE(mutex, nullptr) << log_;
+  struct stat st;
+  ASSERT_EQ(stat(RuntimeDirectory().c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0700u);
+  CloseHandle(mutex);
+  unsetenv("TMPDIR");
+  setenv("HOME", kept_home.c_str(), 1);
+}
+
 TEST_F(IpcTest, FindWindowAnswersOnlyWhileAnInstanceListens) {
   EXPECT_EQ(FindWindowW(kClass, nullptr), nullptr);
   Listener listener;
