@@ -46,6 +46,8 @@ enum GlyphId : int {
   kGlyphArrowDown,
   kGlyphArrowLeft,
   kGlyphArrowRight,
+  kGlyphCheckBoxOff,
+  kGlyphCheckBoxOn,
   kGlyphCount
 };
 
@@ -90,6 +92,8 @@ inline constexpr GlyphRow kGlyphs[] = {
     {kGlyphArrowDown, {L'\u25BE', 'v'}},            // ▾
     {kGlyphArrowLeft, {L'\u25C2', '<'}},            // ◂
     {kGlyphArrowRight, {L'\u25B8', '>'}},           // ▸
+    {kGlyphCheckBoxOff, {L'\u2610', '_'}},          // ☐
+    {kGlyphCheckBoxOn, {L'\u2611', 'x'}},           // ☑
 };
 static_assert(std::size(kGlyphs) == kGlyphCount, "one row for every glyph");
 
