@@ -1,6 +1,9 @@
 # What `cmake --install` puts where, and the Debian package made of it
 # (`cpack -G DEB` in the build folder).
 include(GNUInstallDirs)
+# Installing (and cpack) takes the programs as built, without building every
+# target first: the tests and benchmarks are not part of the package.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 set(VELMO_PACKAGING ${CMAKE_CURRENT_SOURCE_DIR}/packaging)
 set(VELMO_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/velmo-todo)
 

@@ -17,11 +17,12 @@ _velmo_table() {
         END { if (name != "") print name "\t" usage }'
 }
 
-# The word after WORD in USAGE (brackets and bars dropped), or nothing.
+# The word after WORD in USAGE (brackets and bars dropped; a usage may name its
+# subcommand twice, "list list VIEW"), or nothing.
 _velmo_after() {
     local word=$1 usage=$2
     usage=${usage//[\[\]|]/ }
-    awk -v w="$word" '{ for (i = 1; i < NF; i++) if ($i == w) { print $(i + 1); exit } }' <<<"$usage"
+    awk -v w="$word" '{ for (i = 1; i < NF; i++) if ($i == w && $(i + 1) != w) { print $(i + 1); exit } }' <<<"$usage"
 }
 
 # Completes a word that takes PLACEHOLDER; false when it takes none we know.
@@ -67,7 +68,7 @@ _velmo() {
     if ((cword == i + 1)); then
         local literals
         literals=$(awk -v c="$command" '{ gsub(/[\[\]|]/, " ")
-            for (i = 1; i < NF; i++) if ($i == c && $(i + 1) ~ /^[a-z]+$/) print $(i + 1) }' <<<"$usage")
+            for (i = 1; i < NF; i++) if ($i == c && $(i + 1) != c && $(i + 1) ~ /^[a-z]+$/) print $(i + 1) }' <<<"$usage")
         if [[ -n $literals ]]; then
             COMPREPLY=($(compgen -W "$literals" -- "$cur"))
             return

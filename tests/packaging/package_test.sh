@@ -39,12 +39,31 @@ mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates" "$root/usr/bin"
 touch "$root/var/lib/dpkg/status"
 dpkg_root=(dpkg --root="$root" --force-not-root --force-depends --force-script-chrootless
   --log=/dev/null --no-triggers)
+# A user's device in that root, which removing the package must leave alone.
+device="$root/home/ann/.local/share/velmo-todo"
+mkdir -p "$device/IPSM" && echo tasks >"$device/IPSM/mxip_initdb.vol"
 "${dpkg_root[@]}" -i "$deb" >"$work/install.log" 2>&1 || { cat "$work/install.log"; fail "install"; }
 [[ -x $root/usr/bin/velmo && -x $root/usr/bin/velmo-todo ]] || fail "the programs are not installed"
 "$root/usr/bin/velmo" --version >/dev/null || fail "the installed velmo does not run"
 "${dpkg_root[@]}" -r velmo-todo >"$work/remove.log" 2>&1 || { cat "$work/remove.log"; fail "remove"; }
-left=$(cd "$root" && find . -path ./var -prune -o -type f -print)
+left=$(cd "$root" && find . -path ./var -prune -o -path ./home -prune -o -type f -print)
 [[ -z $left ]] || fail "files left after removal: $left"
+
+[[ $(cat "$device/IPSM/mxip_initdb.vol" 2>/dev/null) == tasks ]] || fail "removal touched a device"
+
+# An install into a prefix without write access fails with the installer's
+# message and leaves the prefix as it was.
+if command -v setpriv >/dev/null; then
+  chmod 0755 "$work"
+  mkdir -m 0555 "$work/locked"
+  if setpriv --reuid=nobody --regid=nogroup --clear-groups \
+    cmake --install "$build_dir" --prefix "$work/locked" >"$work/locked.log" 2>&1; then
+    fail "an install into a locked prefix succeeded"
+  fi
+  grep -q "cannot\|Permission denied\|privileges" "$work/locked.log" ||
+    { cat "$work/locked.log"; fail "the locked install gave no reason"; }
+  [[ -z $(ls -A "$work/locked") ]] || fail "the locked install changed the prefix"
+fi
 
 if command -v lintian >/dev/null; then
   lintian --fail-on error --suppress-tags-from-file /dev/null "$deb" >"$work/lintian.log" 2>&1 ||
