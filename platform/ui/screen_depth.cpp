@@ -5,7 +5,7 @@
 namespace velmo::ui {
 
 ColourDepth ScreenDepth() {
-  Screen* screen = CurrentScreen();
+  Screen* screen = internal::CurrentScreen();
   return screen ? screen->depth() : ColourDepth::kTrue;
 }
 
