@@ -37,10 +37,12 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/packaging/velmo-todo.1.gz
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/packaging/changelog.gz ${VELMO_PACKAGING}/copyright
         DESTINATION ${VELMO_DOCDIR})
+install(FILES ${VELMO_PACKAGING}/lintian-overrides
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/lintian/overrides RENAME velmo-todo)
 
 set(CPACK_PACKAGE_NAME velmo-todo)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGE_CONTACT "Velmo ToDo List developers <velmo-todo@localhost>")
+set(CPACK_PACKAGE_CONTACT "Velmo ToDo List developers <velmo-todo@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "keypad-first task manager for the terminal")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "keypad-first task manager for the terminal
  One list of tasks, filtered by views and categories, sorted by up to three
