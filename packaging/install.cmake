@@ -44,8 +44,8 @@ set(CPACK_PACKAGE_NAME velmo-todo)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "Velmo ToDo List developers <velmo-todo@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "keypad-first task manager for the terminal")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "keypad-first task manager for the terminal
- One list of tasks, filtered by views and categories, sorted by up to three
+# The extended description; the summary above is its first line.
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "One list of tasks, filtered by views and categories, sorted by up to three
  keys and coloured by state; quick entry and one-key priority, completion,
  copy, rename and delete; reminders raised as desktop notifications even while
  the program is closed; bindable keys; telephone numbers, e-mail and web

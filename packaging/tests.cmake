@@ -21,5 +21,5 @@ endif()
 if(NOT VELMO_SANITIZE)
   add_test(NAME packaging.package
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/packaging/package_test.sh ${CMAKE_CURRENT_BINARY_DIR})
-  set_tests_properties(packaging.package PROPERTIES TIMEOUT 300 RUN_SERIAL ON)
+  set_tests_properties(packaging.package PROPERTIES TIMEOUT 600 RUN_SERIAL ON)
 endif()
