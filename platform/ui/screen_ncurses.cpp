@@ -63,9 +63,10 @@ std::unique_ptr<NcursesScreen> NcursesScreen::Open() {
   nodelay(stdscr, TRUE);
   LearnModifiedKeys();
   curs_set(0);
-  if (has_colors()) start_color();
   TerminalTraits traits = TraitsOf(facts);
+  // Without colours curses is not asked for any, not even its white on black.
   if (!has_colors()) traits.depth = ColourDepth::kMono;
+  if (traits.depth != ColourDepth::kMono) start_color();
   auto screen = std::unique_ptr<NcursesScreen>(new NcursesScreen(term, traits.depth));
   screen->set_ascii(!traits.utf8);
   return screen;
