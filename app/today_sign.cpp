@@ -3,11 +3,12 @@
 #include "app/main_window_state.h"
 #include "platform/ui/colours.h"
 #include "platform/ui/desktop.h"
+#include "platform/ui/glyphs.h"
 #include "reminders/today_task.h"
 
 namespace velmo::app {
 namespace {
-constexpr wchar_t kTodaySign[] = L"\u263C";  // a sun
+constexpr wchar_t kTodaySign[] = {ui::Glyph(ui::kGlyphToday), 0};
 }  // namespace
 
 void UpdateTodaySign() {

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "categories/bitmap.h"
+#include "platform/ui/glyphs.h"
 
 namespace velmo {
 
@@ -23,8 +24,8 @@ struct IconCell {
 
 using CellIcon = std::array<IconCell, kIconCells>;
 
-constexpr wchar_t kUpperHalfBlock = L'\u2580';
-constexpr wchar_t kLowerHalfBlock = L'\u2584';
+constexpr wchar_t kUpperHalfBlock = ui::Glyph(ui::kGlyphUpperHalfBlock);
+constexpr wchar_t kLowerHalfBlock = ui::Glyph(ui::kGlyphLowerHalfBlock);
 
 // Each block's colour is the average of its pixels that are not `key`; a block
 // of which at most half the pixels show is transparent.

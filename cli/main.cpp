@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "cli/subcommand.h"
+#include "cli/version_text.h"
 #include "platform/device.h"
 
 namespace {
@@ -49,7 +50,9 @@ void PrintHelp(std::FILE* out) {
              "$XDG_DATA_HOME/velmo-todo, else ~/.local/share/velmo-todo.\n\ncommands:\n",
              out);
   for (const Subcommand& s : kSubcommands) std::fprintf(out, "  %s\n", s.usage);
-  std::fputs("  --help                                   this text\n", out);
+  std::fputs("  --version                                the version, the libraries and the terminal\n"
+             "  --help                                   this text\n",
+             out);
 }
 
 }  // namespace
@@ -65,6 +68,7 @@ int main(int argc, char** argv) {
     PrintHelp(first >= argc ? stderr : stdout);
     return first >= argc ? 2 : 0;
   }
+  if (std::strcmp(argv[first], "--version") == 0) return velmo::cli::RunVersion();
   for (const Subcommand& s : kSubcommands) {
     if (std::strcmp(argv[first], s.name) == 0) return s.run(argc - first - 1, argv + first + 1);
   }

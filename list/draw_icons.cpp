@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/ui/glyphs.h"
+
 namespace velmo {
 namespace {
 
@@ -13,15 +15,15 @@ struct IconEntry {
   IconGlyph glyph;
 };
 
-const IconEntry kIcons[] = {
+constexpr IconEntry kIcons[] = {
     {kIconHighPriority, {L'!', RGB(0xD0, 0x00, 0x00)}},
-    {kIconLowPriority, {L'\u2193', RGB(0x00, 0x60, 0xD0)}},  // ↓
-    {kIconRecurring, {L'\u21BB', std::nullopt}},             // ↻
-    {kIconCompleted, {L'\u2713', RGB(0x00, 0x90, 0x00)}},    // ✓
-    {kIconReminder, {L'\u25F7', std::nullopt}},              // ◷
-    {kIconNotes, {L'\u2261', std::nullopt}},                 // ≡
-    {kIconPrivate, {L'\u2298', std::nullopt}},               // ⊘
-    {kIconTeamTask, {L'\u21C4', std::nullopt}},              // ⇄
+    {kIconLowPriority, {ui::Glyph(ui::kGlyphLowPriority), RGB(0x00, 0x60, 0xD0)}},
+    {kIconRecurring, {ui::Glyph(ui::kGlyphRecurring), std::nullopt}},
+    {kIconCompleted, {ui::Glyph(ui::kGlyphCheckMark), RGB(0x00, 0x90, 0x00)}},
+    {kIconReminder, {ui::Glyph(ui::kGlyphReminder), std::nullopt}},
+    {kIconNotes, {ui::Glyph(ui::kGlyphNotes), std::nullopt}},
+    {kIconPrivate, {ui::Glyph(ui::kGlyphPrivate), std::nullopt}},
+    {kIconTeamTask, {ui::Glyph(ui::kGlyphTeamTask), std::nullopt}},
     {kIconLinks, {L'@', std::nullopt}},
 };
 

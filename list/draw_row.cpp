@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "platform/ui/gdi.h"
 #include "platform/ui/screen.h"
+#include "platform/ui/screen_depth.h"
 #include "platform/ui/window.h"
 
 namespace velmo {
@@ -19,6 +20,26 @@ namespace {
 
 constexpr bool IsSet(DATE d) { return d != kNoDate; }
 constexpr int kMargin = 1;  // blank cells at either end of a row
+
+// Without colours, a row's state shows as a mark in its left margin instead.
+struct StateMark {
+  RowColour colour;
+  wchar_t mark;
+};
+constexpr StateMark kStateMarks[] = {
+    {RowColour::kOverdue, L'!'},
+    {RowColour::kFuture, L'+'},
+    {RowColour::kUndated, L'?'},
+    {RowColour::kCompleted, L'-'},
+};
+
+void DrawStateMark(HDC hdc, int x, int y, RowColour state, COLORREF ink) {
+  for (const StateMark& m : kStateMarks) {
+    if (m.colour != state) continue;
+    SetTextColor(hdc, ink);
+    TextOutW(hdc, x, y, &m.mark, 1);
+  }
+}
 
 void FillLine(HDC hdc, int left, int right, int y, COLORREF colour) {
   RECT line{left, y, right, y + 1};
@@ -127,9 +148,12 @@ void DrawTaskRow(HDC hdc, const RECT& rect, const Task& task, const RowDrawState
   }
   SetBkMode(hdc, TRANSPARENT);
 
-  COLORREF row = look.colours[static_cast<int>(SubjectColour(task, now))];
+  RowColour subject_state = SubjectColour(task, now);
+  COLORREF row = look.colours[static_cast<int>(subject_state)];
   if (state.selected && look.highlight_text) row = *look.highlight_text;
   Ink ink{row, state.selected, look};
+  if (ui::ScreenDepth() == ui::ColourDepth::kMono)
+    DrawStateMark(hdc, rect.left, rect.top, subject_state, row);
 
   DWORD infos = state.compact ? look.infos_compressed : look.infos;
   std::vector<RowPiece> pieces =

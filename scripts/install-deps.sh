@@ -8,6 +8,7 @@ packages=(
   googletest libgtest-dev libbenchmark-dev
   tmux dbus dbus-user-session clang libclang-rt-14-dev
   sqlite3 hyperfine taskwarrior jq xdg-utils
+  dpkg-dev lintian desktop-file-utils man-db groff-base zsh bash-completion
 )
 missing=()
 for p in "${packages[@]}"; do

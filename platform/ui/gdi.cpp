@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "platform/ui/glyphs.h"
 #include "platform/ui/screen.h"
 #include "platform/ui/ui_internal.h"
 #include "platform/ui/window.h"
@@ -130,7 +131,7 @@ std::wstring Ellipsize(std::wstring_view text, int width) {
     out += ch;
     used += w;
   }
-  if (width > 0) out += L'…';
+  if (width > 0) out += Glyph(kGlyphEllipsis);
   return out;
 }
 
@@ -184,12 +185,12 @@ void DrawFrame(HDC hdc, const RECT& r, COLORREF fg, COLORREF bg) {
   dc->background = bg;
   dc->bk_mode = OPAQUE;
   int inner = r.right - r.left - 2;
-  std::wstring horizontal(static_cast<size_t>(inner), L'─');
-  DrawRow(dc, r.left, r.top, L"┌" + horizontal + L"┐", dc->clip);
-  DrawRow(dc, r.left, r.bottom - 1, L"└" + horizontal + L"┘", dc->clip);
+  std::wstring horizontal(static_cast<size_t>(inner), Glyph(kGlyphFrameHorizontal));
+  DrawRow(dc, r.left, r.top, Glyph(kGlyphFrameTopLeft) + horizontal + Glyph(kGlyphFrameTopRight), dc->clip);
+  DrawRow(dc, r.left, r.bottom - 1, Glyph(kGlyphFrameBottomLeft) + horizontal + Glyph(kGlyphFrameBottomRight), dc->clip);
   for (int y = r.top + 1; y < r.bottom - 1; ++y) {
-    DrawRow(dc, r.left, y, L"│", dc->clip);
-    DrawRow(dc, r.right - 1, y, L"│", dc->clip);
+    DrawRow(dc, r.left, y, std::wstring(1, Glyph(kGlyphFrameVertical)), dc->clip);
+    DrawRow(dc, r.right - 1, y, std::wstring(1, Glyph(kGlyphFrameVertical)), dc->clip);
   }
   dc->text = old_text;
   dc->background = old_bg;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/ui/colours.h"
+#include "platform/ui/glyphs.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/menu_data.h"
 #include "platform/ui/message_queue.h"
@@ -107,20 +108,20 @@ void PaintLevel(Screen& screen, const Level& level) {
   COLORREF frame = GetSysColor(COLOR_WINDOWFRAME), bg = GetSysColor(COLOR_MENU);
   screen.Fill(b.left, b.top, b.right, b.bottom, Cell{L' ', frame, bg, 0});
   int inner = b.right - b.left - 2;
-  std::wstring line(static_cast<size_t>(std::max(inner, 0)), L'─');
-  PutText(screen, b.left, b.top, b.right, L"┌" + line + L"┐", frame, bg, 0);
-  PutText(screen, b.left, b.bottom - 1, b.right, L"└" + line + L"┘", frame, bg, 0);
+  std::wstring line(static_cast<size_t>(std::max(inner, 0)), Glyph(kGlyphFrameHorizontal));
+  PutText(screen, b.left, b.top, b.right, Glyph(kGlyphFrameTopLeft) + line + Glyph(kGlyphFrameTopRight), frame, bg, 0);
+  PutText(screen, b.left, b.bottom - 1, b.right, Glyph(kGlyphFrameBottomLeft) + line + Glyph(kGlyphFrameBottomRight), frame, bg, 0);
   std::vector<int> numbers = Numbers(*menu);
   int rows = VisibleRows(level);
   for (int r = 0; r < rows; ++r) {
     int y = b.top + 1 + r;
-    PutText(screen, b.left, y, b.right, L"│", frame, bg, 0);
-    PutText(screen, b.right - 1, y, b.right, L"│", frame, bg, 0);
+    PutText(screen, b.left, y, b.right, std::wstring(1, Glyph(kGlyphFrameVertical)), frame, bg, 0);
+    PutText(screen, b.right - 1, y, b.right, std::wstring(1, Glyph(kGlyphFrameVertical)), frame, bg, 0);
     size_t i = static_cast<size_t>(level.scroll + r);
     if (i >= menu->items.size()) continue;
     const MenuItem& item = menu->items[i];
     if (item.flags & MF_SEPARATOR) {
-      PutText(screen, b.left, y, b.right, L"├" + line + L"┤", frame, bg, 0);
+      PutText(screen, b.left, y, b.right, Glyph(kGlyphFrameTeeLeft) + line + Glyph(kGlyphFrameTeeRight), frame, bg, 0);
       continue;
     }
     bool selected = static_cast<int>(i) == level.selected;
@@ -130,10 +131,11 @@ void PaintLevel(Screen& screen, const Level& level) {
     COLORREF row_bg = selected ? GetSysColor(COLOR_HIGHLIGHT) : bg;
     int left = b.left + 1, right = b.right - 1;
     screen.Fill(left, y, right, y + 1, Cell{L' ', fg, row_bg, 0});
-    std::wstring mark = item.flags & MF_CHECKED ? (item.flags & MFT_RADIOCHECK ? L"•" : L"✓") : L" ";
+    wchar_t check = item.flags & MFT_RADIOCHECK ? Glyph(kGlyphRadioMark) : Glyph(kGlyphCheckMark);
+    std::wstring mark(1, item.flags & MF_CHECKED ? check : L' ');
     std::wstring number = numbers[i] ? std::wstring(1, static_cast<wchar_t>(L'0' + numbers[i])) : L" ";
     PutText(screen, left, y, right, mark + number + L" " + Before(item.text), fg, row_bg, 0);
-    std::wstring tail = (item.flags & MF_POPUP ? L"▸" : After(item.text)) + L" ";
+    std::wstring tail = (item.flags & MF_POPUP ? std::wstring(1, Glyph(kGlyphSubmenu)) : After(item.text)) + L" ";
     PutText(screen, right - TextWidth(tail), y, right, tail, fg, row_bg, 0);
   }
 }

@@ -8,6 +8,7 @@
 #include "platform/ui/colours.h"
 #include "platform/ui/dialog.h"
 #include "platform/ui/gdi.h"
+#include "platform/ui/glyphs.h"
 #include "platform/ui/messages.h"
 #include "platform/ui/softkey_bar.h"
 #include "platform/ui/ui_internal.h"
@@ -46,7 +47,7 @@ struct Sign {
 };
 
 constexpr Sign kSigns[] = {
-    {MB_ICONHAND, L'✖', kSignRed},
+    {MB_ICONHAND, Glyph(kGlyphErrorSign), kSignRed},
     {MB_ICONQUESTION, L'?', kSignBlue},
     {MB_ICONEXCLAMATION, L'!', kSignAmber},
     {MB_ICONASTERISK, L'i', kSignBlue},

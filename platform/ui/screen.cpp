@@ -6,6 +6,8 @@
 #include <cwchar>
 #include <langinfo.h>
 
+#include "platform/ui/glyphs.h"
+
 namespace velmo::ui {
 namespace {
 
@@ -48,6 +50,12 @@ int Screen::PutChar(int x, int y, wchar_t ch, COLORREF fg, COLORREF bg, std::uin
   if (w == 2 && x + 1 >= width_) {
     ch = L' ';
     w = 1;
+  }
+  if (ascii_ && (ch < 0 || ch >= 0x80)) {
+    wchar_t stand_in = static_cast<wchar_t>(AsciiStandIn(ch));
+    // A double-width character keeps its two columns, so the layout stays.
+    for (int i = 0; i < w; ++i) PutChar(x + i, y, stand_in, fg, bg, attrs);
+    return w;
   }
   Cell* row = &cells_[static_cast<size_t>(y) * width_];
   // Blank the halves of double-width characters that this write cuts in two.

@@ -57,7 +57,9 @@ class Screen {
 
   // Writes one character at (x, y); a double-width character takes the next cell
   // too (when there is none, a space is written instead). Writing over half of a
-  // double-width character blanks its other half. Returns the columns used.
+  // double-width character blanks its other half. Returns the columns used. On a
+  // screen that draws ASCII only, the character's stand-in is written (glyphs.h),
+  // a double-width one as two.
   int PutChar(int x, int y, wchar_t ch, COLORREF fg, COLORREF bg, std::uint8_t attrs);
   void Fill(int left, int top, int right, int bottom, const Cell& cell);
 
@@ -74,6 +76,9 @@ class Screen {
   // Takes one waiting input event; false when there is none.
   virtual bool ReadInput(InputEvent* event) = 0;
   virtual ColourDepth depth() const = 0;
+  // True when the terminal draws ASCII only (its character set is not UTF-8).
+  bool ascii() const { return ascii_; }
+  void set_ascii(bool ascii) { ascii_ = ascii; }
   // Called when the message loop has nothing to do; true when it did something
   // (a test script typed keys). A screen that cannot wait for input (headless)
   // says so, and the loop then reports a stall instead of sleeping forever.
@@ -92,6 +97,7 @@ class Screen {
   std::vector<Cell> cells_;
   POINT cursor_{0, 0};
   bool cursor_visible_ = false;
+  bool ascii_ = false;
 };
 
 }  // namespace velmo::ui

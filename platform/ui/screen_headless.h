@@ -52,6 +52,7 @@ class HeadlessScreen : public Screen {
   void Present() override { ++presents_; }
   bool ReadInput(InputEvent* event) override;
   ColourDepth depth() const override { return depth_; }
+  void set_depth(ColourDepth depth) { depth_ = depth; }
   bool OnIdle() override;
   bool CanWaitForInput() const override { return false; }
 

@@ -18,16 +18,6 @@ namespace {
 
 constexpr int kEscDelayMs = 25;
 
-struct DepthName {
-  const char* name;
-  ColourDepth depth;
-};
-
-constexpr DepthName kDepthNames[] = {
-    {"truecolor", ColourDepth::kTrue}, {"24bit", ColourDepth::kTrue}, {"256", ColourDepth::k256},
-    {"8", ColourDepth::k8},            {"mono", ColourDepth::kMono},
-};
-
 int ColourNumber(COLORREF c, ColourDepth depth) {
   switch (depth) {
     case ColourDepth::kTrue:
@@ -53,23 +43,6 @@ attr_t CursesAttributes(const Cell& cell, ColourDepth depth) {
 
 }  // namespace
 
-ColourDepth ChooseColourDepth(int colours, bool rgb, const char* override_name) {
-  ColourDepth depth = ColourDepth::kMono;
-  if (rgb || colours >= 0x1000000) {
-    depth = ColourDepth::kTrue;
-  } else if (colours >= 256) {
-    depth = ColourDepth::k256;
-  } else if (colours >= 8) {
-    depth = ColourDepth::k8;
-  }
-  if (override_name) {
-    for (const DepthName& d : kDepthNames) {
-      if (std::strcmp(d.name, override_name) == 0 && d.depth < depth) depth = d.depth;
-    }
-  }
-  return depth;
-}
-
 std::unique_ptr<NcursesScreen> NcursesScreen::Open() {
   if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) return nullptr;
   // Wide characters need a UTF-8 character type; nothing else of the locale changes.
@@ -78,7 +51,8 @@ std::unique_ptr<NcursesScreen> NcursesScreen::Open() {
       !std::strstr(std::setlocale(LC_CTYPE, nullptr), "utf8")) {
     std::setlocale(LC_CTYPE, "C.UTF-8");
   }
-  ::screen* term = newterm(nullptr, stdout, stdin);
+  TerminalFacts facts = ReadTerminalFacts(STDOUT_FILENO);
+  ::screen* term = newterm(facts.terminfo.empty() ? nullptr : facts.terminfo.c_str(), stdout, stdin);
   if (!term) return nullptr;
   set_term(term);
   set_escdelay(kEscDelayMs);
@@ -89,15 +63,13 @@ std::unique_ptr<NcursesScreen> NcursesScreen::Open() {
   nodelay(stdscr, TRUE);
   LearnModifiedKeys();
   curs_set(0);
-  int colours = 0;
-  bool rgb = false;
-  if (has_colors()) {
-    start_color();
-    colours = COLORS;
-    rgb = tigetflag(const_cast<char*>("RGB")) > 0;
-  }
-  ColourDepth depth = ChooseColourDepth(colours, rgb, std::getenv("VELMO_COLOURS"));
-  return std::unique_ptr<NcursesScreen>(new NcursesScreen(term, depth));
+  TerminalTraits traits = TraitsOf(facts);
+  // Without colours curses is not asked for any, not even its white on black.
+  if (!has_colors()) traits.depth = ColourDepth::kMono;
+  if (traits.depth != ColourDepth::kMono) start_color();
+  auto screen = std::unique_ptr<NcursesScreen>(new NcursesScreen(term, traits.depth));
+  screen->set_ascii(!traits.utf8);
+  return screen;
 }
 
 NcursesScreen::NcursesScreen(::screen* term, ColourDepth depth) : term_(term), depth_(depth) {

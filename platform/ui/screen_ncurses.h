@@ -1,6 +1,6 @@
 // The screen of a real terminal, through ncursesw: colours as deep as the
-// terminal has them (true colour when its terminfo says so, else the nearest of
-// 256 or 8; $VELMO_COLOURS = truecolor, 256, 8 or mono lowers that), bold,
+// terminal has them (terminal_traits.h: true colour, else the nearest of 256 or
+// 8, none under NO_COLOR), ASCII stand-ins when it does not draw UTF-8, bold,
 // italic, underline and reverse; the keys of keymap.h with a short Esc delay;
 // size changes delivered as resize events.
 #pragma once
@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/ui/screen.h"
+#include "platform/ui/terminal_traits.h"
 
 struct screen;
 
@@ -35,9 +36,5 @@ class NcursesScreen : public Screen {
   ColourDepth depth_;
   std::vector<Cell> shown_;  // what the terminal shows now; empty: unknown
 };
-
-// The colour depth a terminal with `colours` colours (and the RGB capability)
-// offers, lowered to what `override_name` ($VELMO_COLOURS) asks for.
-ColourDepth ChooseColourDepth(int colours, bool rgb, const char* override_name);
 
 }  // namespace velmo::ui

@@ -129,6 +129,28 @@ TEST_F(DrawRowTest, CompletedTaskShowsOnlyItsCompletionDateAndSign) {
   EXPECT_EQ(At(1, 0).attrs & ui::kAttrItalic, 0);  // a completed task is no task of today
 }
 
+TEST_F(DrawRowTest, WithoutColoursTheStateIsAMarkInTheMargin) {
+  Task completed = MakeTask(L"Done", kNoDate, kToday - 1);
+  completed.complete = 1;
+  struct Case { Task task; wchar_t mark; } const cases[] = {
+      {MakeTask(L"Late", kNoDate, kToday - 2), L'!'},
+      {MakeTask(L"Later", kToday + 2, kToday + 3), L'+'},
+      {MakeTask(L"Someday", kNoDate, kNoDate), L'?'},
+      {completed, L'-'},
+      {MakeTask(L"Now", kToday - 1, kToday + 1), L' '},
+  };
+  for (ui::ColourDepth depth : {ui::ColourDepth::kMono, ui::ColourDepth::k8}) {
+    screen_.set_depth(depth);
+    int line = 0;
+    for (const Case& c : cases) {
+      Draw(c.task, true, false, line);
+      wchar_t expected = depth == ui::ColourDepth::kMono ? c.mark : L' ';
+      EXPECT_EQ(At(0, line).ch, expected) << Line(line) << " depth " << static_cast<int>(depth);
+      ++line;
+    }
+  }
+}
+
 TEST_F(DrawRowTest, NormalRowPutsTheFieldsOnItsSecondLine) {
   Task t = MakeTask(L"Two lines", kToday, kToday + 1);
   settings_.infos |= kInfoDueDate;

@@ -73,7 +73,7 @@ TEST_F(RegistryTest, ValuesComeBackByteExactAndStringsAreStoredAsUtf16) {
        Utf16Le({'d', 'e', 'f', 'a', 'u', 'l', 't', 0})},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << "value '" << (c.name[0] ? "named" : "default") << "' type " << c.type);
+    SCOPED_TRACE(::testing::Message() << "value '" << (c.name[0] ? "named" : "default") << "' type " << c.type);
     ASSERT_EQ(ERROR_SUCCESS, RegSetValueExW(key_, c.name, 0, c.type, c.data.data(),
                                             static_cast<DWORD>(c.data.size())));
     DWORD type = REG_NONE;

@@ -65,6 +65,22 @@ TEST_F(MenuTest, MenuOpensUpwardFromTheSoftKeyWithNumberedItems) {
   EXPECT_FALSE(screen_.Contains(L"4 Exit")) << "the menu is gone";
 }
 
+TEST_F(MenuTest, AnAsciiTerminalSeesTheMenuInAsciiOnly) {
+  screen_.set_ascii(true);
+  CheckMenuItem(menu_, kNew, MF_BYCOMMAND | MF_CHECKED);
+  OpenMenu([&] {
+    for (int y = 0; y < screen_.height(); ++y) {
+      for (wchar_t ch : screen_.Row(y)) ASSERT_LT(ch, 0x80) << "row " << y;
+    }
+    POINT exit = screen_.Find(L"4 Exit");
+    ASSERT_GE(exit.y, 0);
+    EXPECT_EQ(screen_.Row(exit.y + 1).back(), L'+') << "the frame's corner";
+    EXPECT_TRUE(screen_.Contains(L"x1 New")) << "the check mark";
+    EXPECT_TRUE(screen_.Contains(L">"));
+    screen_.TypeKey(VK_ESCAPE);
+  });
+}
+
 TEST_F(MenuTest, KeysWalkIntoSubmenusAndBack) {
   struct Case { const wchar_t* name; std::vector<UINT> keys; std::vector<UINT> commands; };
   const Case cases[] = {
