@@ -21,5 +21,8 @@ int RunNotifyd(int argc, char** argv);
 int RunNotifications(int argc, char** argv);
 int RunCheck(int argc, char** argv);
 int RunRecover(int argc, char** argv);
+int RunSync(int argc, char** argv);
+int RunExport(int argc, char** argv);
+int RunImport(int argc, char** argv);
 
 }  // namespace velmo::cli

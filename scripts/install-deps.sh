@@ -9,6 +9,7 @@ packages=(
   tmux dbus dbus-user-session clang libclang-rt-14-dev
   sqlite3 hyperfine taskwarrior jq xdg-utils
   dpkg-dev lintian desktop-file-utils man-db groff-base zsh bash-completion
+  radicale vdirsyncer todoman
 )
 missing=()
 for p in "${packages[@]}"; do
