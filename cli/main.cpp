@@ -19,9 +19,16 @@ constexpr Subcommand kSubcommands[] = {
              "      one view as the program lists it, its title first (VIEW: all, overdue,\n"
              "      active, completed, today, next, future, undated, search)",
      velmo::cli::RunList},
-    {"add", "add SUBJECT [--start DATE] [--due DATE] [--reminder DATE-TIME] [--priority P]\n"
-            "      [--categories TEXT] [--notes TEXT] [--private] [--complete]   add a task",
+    {"add", "add SUBJECT [OPTIONS]                    add a task, saved as the editor saves it",
      velmo::cli::RunAdd},
+    {"edit", "edit ID [OPTIONS]                        change a task, saved as the editor saves it\n"
+             "      OPTIONS: [--subject TEXT] [--start DATE|none] [--due DATE|none]\n"
+             "      [--reminder DATE-TIME|none] [--recurs CHOICE] [--until DATE|none]\n"
+             "      [--priority low|normal|high] [--categories TEXT] [--notes TEXT]\n"
+             "      [--private|--normal] [--team|--no-team] [--complete|--incomplete] [--yes]\n"
+             "      CHOICE: once, daily, weekly, biweekly, 3weeks, 4weeks, monthly-nth, monthly,\n"
+             "      2months, 3months, 4months, 6months, yearly (over the start, else due date)",
+     velmo::cli::RunEdit},
     {"demo", "demo N                                   add N made-up tasks",
      velmo::cli::RunDemo},
     {"notifyd", "notifyd [--once]                         the reminder service: raises due reminders",

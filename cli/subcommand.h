@@ -15,6 +15,7 @@ int RunReg(int argc, char** argv);
 int RunList(int argc, char** argv);
 int RunListView(int argc, char** argv);  // velmo list VIEW ..., from RunList
 int RunAdd(int argc, char** argv);
+int RunEdit(int argc, char** argv);
 int RunDemo(int argc, char** argv);
 int RunNotifyd(int argc, char** argv);
 int RunNotifications(int argc, char** argv);

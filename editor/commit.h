@@ -29,9 +29,21 @@ struct CommitHooks {
   std::function<void(CEOID oid, bool completion_deferred)> saved;
 };
 
+// The question asked before a reminder in the past is dropped (caption: the
+// program's title, string 121).
+constexpr UINT kPastReminderQuestion = 347;
+
 // Writes `values` into `task` and saves it; S_OK when saved. On any failure the
 // reason has been shown through the hooks (or, for a declined past reminder,
-// nothing) and the task is left unsaved. The task is released on every path.
+// nothing: 0x80040068 is returned) and nothing is written. The task is released
+// on every path. A hook left empty is skipped (an empty confirm_past_reminder
+// answers No). The settings are the program-wide block's; "now" is the clock's.
 HRESULT CommitTask(const EditorValues& values, ITask* task, bool is_new, const CommitHooks& hooks);
+
+// Done on task `oid`, or on a new task when `oid` is 0: the item is fetched (or
+// created) and committed. A task that can no longer be fetched is reported as
+// one that cannot be modified; a new item that cannot be created fails with no
+// message.
+HRESULT CommitTaskById(IPOutlookApp* app, CEOID oid, const EditorValues& values, const CommitHooks& hooks);
 
 }  // namespace velmo

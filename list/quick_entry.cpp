@@ -129,6 +129,7 @@ HRESULT CreateQuickTask(IPOutlookApp* app, const std::wstring& subject,
     if (save_failed) *save_failed = true;
     return hr;
   }
+  Store().task_saved = true;
   item->get_Oid(oid);
   WriteTaskCategories(item, m.categories.c_str(), true);
   return S_OK;

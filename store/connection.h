@@ -33,6 +33,9 @@ struct StoreConnection {
   DATE pending_reminder_time = kNoDate;
   bool copy_flag = false;
 
+  // Set whenever the editor's commit or quick entry saved a task.
+  bool task_saved = false;
+
   IPOutlookApp* app = nullptr;
   IFolder* folder = nullptr;
   HWND window = nullptr;
