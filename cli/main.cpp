@@ -28,6 +28,15 @@ constexpr Subcommand kSubcommands[] = {
      velmo::cli::RunNotifyd},
     {"notifications", "notifications                            the pending notifications, one a line",
      velmo::cli::RunNotifications},
+    {"sync", "sync [--folder DIR] [--command CMD | --no-command] [--timeout SECONDS]\n"
+             "      the tasks to and from a folder of iCalendar task files, kept in step with a\n"
+             "      CalDAV server by CMD (default: vdirsyncer sync); folder and command are kept",
+     velmo::cli::RunSync},
+    {"export", "export [--view VIEW] FILE.ics                  the tasks (of one view) as one iCalendar file",
+     velmo::cli::RunExport},
+    {"import", "import FILE.ics|DIR|FILE.json|todo.txt    tasks from iCalendar files, a Taskwarrior\n"
+               "      export (task export) or a todo.txt file",
+     velmo::cli::RunImport},
 };
 
 void PrintHelp(std::FILE* out) {

@@ -18,5 +18,8 @@ int RunAdd(int argc, char** argv);
 int RunDemo(int argc, char** argv);
 int RunNotifyd(int argc, char** argv);
 int RunNotifications(int argc, char** argv);
+int RunSync(int argc, char** argv);
+int RunExport(int argc, char** argv);
+int RunImport(int argc, char** argv);
 
 }  // namespace velmo::cli

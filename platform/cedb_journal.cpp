@@ -2,6 +2,7 @@
 // notifications the window receives.
 #include "platform/cedb.h"
 #include "platform/cedb_failure.h"
+#include "platform/cedb_journal_position.h"
 #include "platform/cedb_objects.h"
 
 namespace velmo::cedb {
@@ -54,6 +55,29 @@ bool PollChanges(HANDLE db, std::vector<DbChange>* out) {
                             static_cast<CEOID>(since.Int(3))});
   }
   return since.ok() && !since.failed();
+}
+
+bool GetJournalPosition(HANDLE db, std::int64_t* position) {
+  auto lock = LockDatabases();
+  DbHandle* h = FindHandle(db);
+  if (!h) return false;
+  *position = h->journal_seq;
+  return true;
+}
+
+bool SetJournalPosition(HANDLE db, std::int64_t position) {
+  auto lock = LockDatabases();
+  DbHandle* h = FindHandle(db);
+  if (!h) return false;
+  Query bounds = h->volume->Prepare(Sql::kJournalBounds);
+  if (!bounds.Step()) return false;
+  if (position < 0 || position > bounds.Int(1)) {
+    SetFailure(ERROR_INVALID_PARAMETER, "The change journal never reached that position.");
+    return false;
+  }
+  h->journal_seq = position;
+  h->data_version = -1;  // the next poll reads the journal whatever the version says
+  return true;
 }
 
 std::vector<HANDLE> NotifyingHandles() {

@@ -8,6 +8,7 @@ packages=(
   googletest libgtest-dev libbenchmark-dev
   tmux dbus dbus-user-session clang libclang-rt-14-dev
   sqlite3 hyperfine taskwarrior jq xdg-utils
+  radicale vdirsyncer todoman
 )
 missing=()
 for p in "${packages[@]}"; do
