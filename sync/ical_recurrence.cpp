@@ -125,12 +125,7 @@ bool FillFields(const icalrecurrencetype& r, DATE base, RecurrencePattern* p) {
 
 }  // namespace
 
-std::string RuleOfPattern(const RecurrencePattern& p) {
-  std::string rule = poom::RecurrenceRule(p);
-  if (rule.empty() || p.NoEndDate || p.PatternEndDate == kNoDate) return rule;
-  const icaltimetype until = IcalTimeOf(static_cast<DATE>(WholeDay(p.PatternEndDate)));
-  return rule + ";UNTIL=" + icaltime_as_ical_string(until);
-}
+std::string RuleOfPattern(const RecurrencePattern& p) { return poom::RecurrenceRule(p); }
 
 std::string ExactPatternText(const RecurrencePattern& p) {
   char fields[160];
@@ -142,9 +137,20 @@ std::string ExactPatternText(const RecurrencePattern& p) {
 
 namespace {
 
+// A rule as libical writes it: files hold rules in other orders and spellings.
+std::string Normalised(const std::string& rule) {
+  icalrecurrencetype r = icalrecurrencetype_from_string(rule.c_str());
+  icalerror_clear_errno();
+  if (r.freq == ICAL_NO_RECURRENCE) return rule;
+  char* text = icalrecurrencetype_as_string_r(&r);
+  std::string out = text ? text : "";
+  icalmemory_free_buffer(text);
+  return out;
+}
+
 bool ReadExact(const std::string& rule, const std::string& exact, RecurrencePattern* out) {
   const auto bar = exact.find('|');
-  if (bar == std::string::npos || exact.compare(bar + 1, std::string::npos, rule) != 0) return false;
+  if (bar == std::string::npos || Normalised(exact.substr(bar + 1)) != Normalised(rule)) return false;
   RecurrencePattern p;
   long type, interval, mask, day, instance, month;
   int no_end;
@@ -161,7 +167,7 @@ bool ReadExact(const std::string& rule, const std::string& exact, RecurrencePatt
   p.NoEndDate = no_end ? TRUE : FALSE;
   p.PatternStartDate = start;
   p.PatternEndDate = end;
-  if (RuleOfPattern(p) != rule) return false;
+  if (Normalised(RuleOfPattern(p)) != Normalised(rule)) return false;
   *out = p;
   return true;
 }

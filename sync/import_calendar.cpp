@@ -3,6 +3,7 @@
 #include <libical/ical.h>
 
 #include <memory>
+#include <vector>
 
 #include "sync/folder_files.h"
 #include "sync/import_sources.h"
@@ -35,14 +36,19 @@ void ReadCalendarTasks(std::string_view text, const std::string& source, ImportR
   if (!calendar || icalcomponent_isa(calendar.get()) != ICAL_VCALENDAR_COMPONENT ||
       icalcomponent_count_components(calendar.get(), ICAL_VTODO_COMPONENT) <= 1)
     return Take(owned, source, out);  // one task, or what is wrong with it
-  for (icalcomponent* todo = icalcomponent_get_first_component(calendar.get(), ICAL_VTODO_COMPONENT); todo;
-       todo = icalcomponent_get_next_component(calendar.get(), ICAL_VTODO_COMPONENT)) {
+  // The component iterators are the calendar's own: gather first, then copy.
+  std::vector<icalcomponent*> todos, zones;
+  for (icalcomponent* c = icalcomponent_get_first_component(calendar.get(), ICAL_VTODO_COMPONENT); c;
+       c = icalcomponent_get_next_component(calendar.get(), ICAL_VTODO_COMPONENT))
+    todos.push_back(c);
+  for (icalcomponent* c = icalcomponent_get_first_component(calendar.get(), ICAL_VTIMEZONE_COMPONENT); c;
+       c = icalcomponent_get_next_component(calendar.get(), ICAL_VTIMEZONE_COMPONENT))
+    zones.push_back(c);
+  for (icalcomponent* todo : todos) {
     Component single(icalcomponent_new_vcalendar());
     icalcomponent_add_property(single.get(), icalproperty_new_version("2.0"));
     icalcomponent_add_property(single.get(), icalproperty_new_prodid("-//Velmo//Velmo ToDo List//EN"));
-    for (icalcomponent* zone = icalcomponent_get_first_component(calendar.get(), ICAL_VTIMEZONE_COMPONENT);
-         zone; zone = icalcomponent_get_next_component(calendar.get(), ICAL_VTIMEZONE_COMPONENT))
-      icalcomponent_add_component(single.get(), icalcomponent_new_clone(zone));
+    for (icalcomponent* zone : zones) icalcomponent_add_component(single.get(), icalcomponent_new_clone(zone));
     icalcomponent_add_component(single.get(), icalcomponent_new_clone(todo));
     Take(icalcomponent_as_ical_string(single.get()), source, out);
   }

@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <memory>
@@ -127,6 +128,7 @@ class CaldavTest : public DeviceTest {
   std::string Todoman(const std::vector<std::string>& args) {
     const fs::path config = root() / "todoman.conf";
     WriteFileBytes(config, "path = \"" + (Device("b") / "cal/*").string() +
+                               "\"\ncache_path = \"" + (root() / "todoman.cache").string() +
                                "\"\ndate_format = \"%Y-%m-%d\"\ntime_format = \"%H:%M\"\ndefault_list = \"tasks\"\n");
     std::vector<std::string> all{"--config", config.string()};
     all.insert(all.end(), args.begin(), args.end());
@@ -215,6 +217,23 @@ TEST_F(SyncCommandTest, AFailingOrHangingSynchroniserIsStoppedAndSaid) {
   EXPECT_NE(kept.out.find(folder.string()), std::string::npos) << kept.out;
   EXPECT_NE(kept.out.find("exit 3"), std::string::npos) << kept.out;
   EXPECT_EQ(Velmo({"sync", "--no-command"}).code, 0);
+}
+
+TEST_F(SyncCommandTest, ARunKilledHalfWayIsCompletedByTheNext) {
+  const fs::path folder = root() / "tasks";
+  fs::create_directories(folder);
+  ASSERT_EQ(Velmo({"add", "Made here"}).code, 0);
+  WriteFileBytes(folder / "there.ics",
+                 "BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\nUID:there\r\nSUMMARY:Made there\r\nEND:VTODO\r\nEND:VCALENDAR\r\n");
+  // The synchroniser kills velmo between the bridge out and the bridge in.
+  const RunResult killed = Velmo({"sync", "--folder", folder.string(), "--command", "kill -9 $PPID"});
+  EXPECT_NE(killed.code, 0);
+  ASSERT_EQ(Velmo({"sync", "--folder", folder.string(), "--no-command"}).code, 0);
+  const std::string list = Velmo({"list"}).out;
+  EXPECT_NE(list.find("\tMade here\t"), std::string::npos) << list;
+  EXPECT_NE(list.find("\tMade there\t"), std::string::npos) << list;
+  EXPECT_EQ(std::count(list.begin(), list.end(), '\n'), 2) << list;
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 2);
 }
 
 }  // namespace

@@ -137,7 +137,7 @@ TEST(TodoFileTest, RulesOfOtherProgramsReadAsPatterns) {
     DATE end;
   } cases[] = {
       {"FREQ=WEEKLY;BYDAY=MO,WE", kRecursWeekly, 1, 2 | 8, 0, 0, 0, true, kNoDate},
-      {"FREQ=WEEKLY", kRecursWeekly, 1, 16, 0, 0, 0, true, kNoDate},  // the base date's Tuesday
+      {"FREQ=WEEKLY", kRecursWeekly, 1, 4, 0, 0, 0, true, kNoDate},  // the base date's Tuesday
       {"FREQ=MONTHLY;BYDAY=-1FR", kRecursMonthNth, 1, 32, 0, 5, 0, true, kNoDate},
       {"FREQ=MONTHLY;BYDAY=2TU;INTERVAL=3", kRecursMonthNth, 3, 4, 0, 2, 0, true, kNoDate},
       {"FREQ=YEARLY;BYMONTH=6;BYMONTHDAY=9", kRecursYearly, 1, 0, 9, 0, 6, true, kNoDate},
