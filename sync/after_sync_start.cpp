@@ -6,8 +6,10 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <cstring>
 
+#include "platform/device.h"
 #include "platform/notify.h"
 #include "platform/wstr.h"
 
@@ -52,6 +54,9 @@ AfterSyncReport StartAfterSyncPrograms(int timeout_seconds) {
     return report;
   }
   const std::string argument = ToUtf8(notify::RunAtEventCommandLine(NOTIFICATION_EVENT_SYNC_END));
+  // The programs were registered on this device: they run on it too, whatever
+  // root the environment names (`velmo --root DIR sync`).
+  setenv("VELMO_ROOT", device::Root().c_str(), 1);
   for (const notify::RunAtEventRegistration& r : programs) {
     const std::string program = ToUtf8(r.app);
     if (access(program.c_str(), X_OK) != 0) {
