@@ -15,14 +15,15 @@ export VELMO_ROOT="$work/device"
 mkdir -p "$work/cal/tasks"
 "$velmo" sync --folder "$work/cal/tasks" --no-command >/dev/null
 
-cat >"$work/todoman.conf" <<CONF
+# todoman reads its configuration as Python, from a file ending in .py.
+cat >"$work/todoman.py" <<CONF
 path = "$work/cal/*"
 cache_path = "$work/todoman.cache"
 date_format = "%Y-%m-%d"
 time_format = "%H:%M"
 default_list = "tasks"
 CONF
-todo="todoman --config $work/todoman.conf"
+todo="todoman --config $work/todoman.py"
 echo "files: $(ls "$work/cal/tasks" | wc -l), velmo: $("$velmo" list | wc -l) tasks," \
   "todoman: $($todo --porcelain list --status ANY | jq length) tasks"
 
