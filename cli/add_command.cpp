@@ -26,8 +26,9 @@ int RunAdd(int argc, char** argv) {
   if (ApplyTaskOptions("add", argc - 1, argv + 1, &values, &yes))
     code = CommitFromCommandLine("add", 0, values, yes, &oid);
   if (code == 0) std::printf("%u\n", oid);
-  CloseDeviceStore();
-  return code;
+  // A task saved whose reminder could not be scheduled still ends in failure.
+  const bool reminders_scheduled = CloseDeviceStore();
+  return code == 0 && !reminders_scheduled ? 1 : code;
 }
 
 }  // namespace velmo::cli

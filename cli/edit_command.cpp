@@ -59,8 +59,8 @@ int RunEdit(int argc, char** argv) {
       code = CommitFromCommandLine("edit", oid, values, yes, &saved);
   }
   if (code == 0) std::printf("%u\n", saved);
-  CloseDeviceStore();
-  return code;
+  const bool reminders_scheduled = CloseDeviceStore();
+  return code == 0 && !reminders_scheduled ? 1 : code;
 }
 
 }  // namespace velmo::cli

@@ -1,5 +1,7 @@
 #include "cli/task_options.h"
 
+#include "cli/device_store.h"
+
 #include <cstdio>
 #include <cstring>
 #include <iterator>
@@ -116,6 +118,7 @@ CommitHooks CommandLineHooks(const char* command, bool yes, bool* asked) {
   };
   hooks.show_failure = [command](const SaveFailureMessage& m) {
     std::fprintf(stderr, "velmo %s: %s: %s\n", command, OneLine(m.caption).c_str(), OneLine(m.text).c_str());
+    PrintStoreFailure(command);
   };
   return hooks;
 }
