@@ -70,6 +70,9 @@ void SetUpControls(EditorDialog* d) {
   SetPicture(d, kRecurrenceEnd, p.short_date);
   SetPicture(d, kReminder, p.short_date + L" " + p.time);
   Send(d, kSubject, EM_LIMITTEXT, kSubjectMaxChars);
+  // Notes have no length of their own: a synchronised note can be far past
+  // the edit control's default of 30,000 characters and must still take typing.
+  Send(d, kNotes, EM_LIMITTEXT, 0);
 }
 
 void ShowAllFields(EditorDialog* d) {

@@ -222,7 +222,7 @@ TEST_F(TaskEditorTest, DeleteTaskEndsTheEditorWhenConfirmed) {
   EXPECT_EQ(Find(oid), nullptr);
 }
 
-TEST_F(TaskEditorTest, DISABLED_TruncatedNotesWarnOnceOnTheFirstChange) {
+TEST_F(TaskEditorTest, TruncatedNotesWarnOnceOnTheFirstChange) {
   const CEOID oid = Add(L"Synced", [](ITask* t) {
     t->put_Body((std::wstring(32000, L'n') + L"]").c_str());
   });
