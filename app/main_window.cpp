@@ -220,7 +220,9 @@ LRESULT MainWindowProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam) {
     case WM_ACTIVATE:
       MainWindow().active = LOWORD(wparam) != WA_INACTIVE;
       UpdateTodaySign();
-      return 0;
+      // The default gives the keyboard back to the control that had it before
+      // a dialog took it (the list, or the quick-entry bar).
+      return DefWindowProcW(hwnd, msg, wparam, lparam);
     case WM_COPYDATA:
       return OnCopyData(reinterpret_cast<const COPYDATASTRUCT*>(lparam));
     case kMsgTaskWritten:

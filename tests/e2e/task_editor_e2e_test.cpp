@@ -52,7 +52,7 @@ class EditorEndToEndTest : public DeviceTest {
   std::string run_;
 };
 
-TEST_F(EditorEndToEndTest, DISABLED_DatesReminderRecurrenceAndNotesGivenInTheEditor) {
+TEST_F(EditorEndToEndTest, DatesReminderRecurrenceAndNotesGivenInTheEditor) {
   TmuxSession tmux(VELMO_TODO_BIN, Env());
   ASSERT_TRUE(tmux.WaitFor("Tasks [1]")) << tmux.Screen();
   tmux.Keys({"Up"});
