@@ -9,7 +9,9 @@
 
 #include "editor/recurrence_choices.h"
 #include "editor/recurrence_writer.h"
+#include "platform/cedb.h"
 #include "platform/clock.h"
+#include "platform/lasterror.h"
 #include "settings/settings.h"
 #include "store/connection.h"
 #include "store/direct_writes.h"
@@ -106,6 +108,11 @@ bool ItemRecursAgain(ITask* task) {
   return SUCCEEDED(ReadRecurrenceFromItem(task, &recurring, &pattern)) && RecursAgain(recurring, pattern);
 }
 
+HRESULT LastErrorResult() {
+  const DWORD e = GetLastError();
+  return e == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(e);
+}
+
 }  // namespace
 
 HRESULT CommitTask(const EditorValues& v, ITask* item, bool is_new, const CommitHooks& hooks) {
@@ -160,6 +167,9 @@ HRESULT CommitTask(const EditorValues& v, ITask* item, bool is_new, const Commit
     item->put_Complete(Flag(v.completed));
   }
 
+  // The record and its extra properties go to disk in one transaction: one
+  // flush per save, and no half-saved task if the machine stops between them.
+  const bool batched = cedb::BeginWriteBatch(&Store().volume);
   HRESULT result = S_OK;
   if (notes_changed) {
     // A fresh item carries notes edited on the device whole to the desktop.
@@ -174,9 +184,12 @@ HRESULT CommitTask(const EditorValues& v, ITask* item, bool is_new, const Commit
   }
 
   if (SUCCEEDED(result)) {
-    Store().task_saved = true;
     WriteTaskTeamFlag(task.get(), v.team_task ? 1 : 0, false);
     WriteTaskCategories(task.get(), categories.c_str(), false);
+  }
+  if (batched && !cedb::EndWriteBatch(&Store().volume) && SUCCEEDED(result)) result = LastErrorResult();
+  if (SUCCEEDED(result)) {
+    Store().task_saved = true;
     CEOID oid = 0;
     task.get()->get_Oid(&oid);
     if (hooks.saved) hooks.saved(oid, completion_deferred);
