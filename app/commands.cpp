@@ -4,6 +4,7 @@
 
 #include "app/delete_commands.h"
 #include "app/due_date_command.h"
+#include "app/link_commands.h"
 #include "app/list_rows.h"
 #include "app/main_window_state.h"
 #include "app/menus.h"
@@ -183,6 +184,8 @@ void StepFilter(UINT command, LPARAM) {
 
 void AppShortcut(UINT command, LPARAM) { StartAppShortcut(command); }
 
+void LinkCommand(UINT command, LPARAM) { RunSelectedTaskLink(command); }
+
 void ToggleCompact(UINT, LPARAM) {
   ToggleCompactList();
   if (MainWindow().list) ListView_SetRowHeight(MainWindow().list, ListRowLines());
@@ -224,10 +227,10 @@ constexpr CommandRange kCommands[] = {
     {cmd::kQuickEntryCallHistory, cmd::kQuickEntryCallHistory, NoDialogYet},
     {cmd::kChangeCategories, cmd::kChangeCategories, NoDialogYet},
     {cmd::kQuickReminder, cmd::kQuickReminder, QuickOrSelected},
-    {cmd::kLinksMenuFirst, cmd::kLinks, NoDialogYet},
+    {cmd::kLinksMenuFirst, cmd::kLinks, LinkCommand},
     {cmd::kToggleCompact, cmd::kToggleCompact, ToggleCompact},
     {cmd::kFirstTask, cmd::kPageDown, Navigate},
-    {cmd::kLinksMenuPhone, cmd::kLinksView, NoDialogYet},
+    {cmd::kLinksMenuPhone, cmd::kLinksView, LinkCommand},
     {kCmdAllCategories, kCmdAllCategories, FilterCommand},
     {kCmdMultipleCategories, kCmdMultipleCategories, NoDialogYet},
     {kCmdFirstCategoryItem, kCmdLastCategoryItem, FilterCommand},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/link_commands.h"
 #include "app/list_rows.h"
 #include "app/main_window_state.h"
 #include "app/shortcut_actions.h"
@@ -105,6 +106,7 @@ void PrepareListMenu(HMENU menu) {
   CheckMenuItem(menu, cmd::kTeamTask,
                 MF_BYCOMMAND | Flag(task && task->team_task, MF_CHECKED, MF_UNCHECKED));
   RemoveOldLinkItems();
+  AddSelectedTaskLinks(TaskMenu());
 }
 
 void PrepareQuickEntryMenu(HMENU menu) {

@@ -105,5 +105,8 @@ BOOL ShellExecuteEx(SHELLEXECUTEINFO* info) {
   }
   const char* opener = std::getenv("VELMO_OPENER");
   std::wstring program = velmo::FromUtf8(opener && *opener ? opener : "xdg-open");
-  return velmo::shell::Spawn({program, info->lpFile});
+  // A path that begins with "-" would be read as an option: it is made relative.
+  std::wstring file = info->lpFile;
+  if (file[0] == L'-') file.insert(0, L"./");
+  return velmo::shell::Spawn({program, file});
 }

@@ -22,7 +22,8 @@ struct SHELLEXECUTEINFO {
 };
 
 // Opens lpFile with the desktop's opener ($VELMO_OPENER, else "xdg-open") as
-// {opener, lpFile}. FALSE with the last error ERROR_INVALID_PARAMETER for a
+// {opener, lpFile}; a lpFile that begins with "-" is given as "./-...", so that
+// the opener never reads it as an option. FALSE with the last error ERROR_INVALID_PARAMETER for a
 // missing file, another verb or parameters, ERROR_FILE_NOT_FOUND when the opener
 // cannot be started.
 BOOL ShellExecuteEx(SHELLEXECUTEINFO* info);
