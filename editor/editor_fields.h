@@ -10,7 +10,7 @@
 
 #include "editor/editor_values.h"
 #include "editor/occurs_list.h"
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/oletime.h"
 #include "platform/wintypes.h"
 

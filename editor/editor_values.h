@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/oletime.h"
 #include "platform/wintypes.h"
 

@@ -3,7 +3,7 @@
 // into the pattern with the fields of that date.
 #pragma once
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/wintypes.h"
 
 namespace velmo {

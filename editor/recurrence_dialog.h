@@ -4,7 +4,7 @@
 // end, an end date, or a number of occurrences).
 #pragma once
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/ui/types.h"
 
 namespace velmo {

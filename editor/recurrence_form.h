@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 
 namespace velmo {
 

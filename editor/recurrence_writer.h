@@ -2,7 +2,7 @@
 // read back from it.
 #pragma once
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 
 namespace velmo {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "categories/cell_icon.h"
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/oletime.h"
 #include "platform/wintypes.h"
 

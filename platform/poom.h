@@ -24,7 +24,7 @@
 // occurrence: the item stays incomplete with its dates (and reminder) moved.
 #pragma once
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/wintypes.h"
 
 // ---------------------------------------------------------------------------

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 
 namespace velmo::poom {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/poom.h"
 #include "platform/poom_session.h"
 

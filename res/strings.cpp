@@ -5,6 +5,7 @@
 #include <fstream>
 #include <unordered_map>
 
+#include "platform/ui/resource_strings.h"
 #include "platform/wstr.h"
 
 namespace velmo::res {
@@ -69,6 +70,9 @@ const wchar_t* String(UINT id) {
   auto it = table.find(id);
   return it == table.end() ? nullptr : it->second.c_str();
 }
+
+// The window system's own controls read their texts from this table.
+[[maybe_unused]] const bool kHandedToWindowSystem = (ui::SetStringLookup(&String), true);
 
 std::wstring Text(UINT id) {
   const wchar_t* s = String(id);

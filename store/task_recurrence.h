@@ -3,7 +3,7 @@
 // the occurrence count of a choice worked out on a scratch item.
 #pragma once
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 #include "platform/poom.h"
 
 namespace velmo {

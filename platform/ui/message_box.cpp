@@ -10,10 +10,10 @@
 #include "platform/ui/gdi.h"
 #include "platform/ui/glyphs.h"
 #include "platform/ui/messages.h"
+#include "platform/ui/resource_strings.h"
 #include "platform/ui/softkey_bar.h"
 #include "platform/ui/ui_internal.h"
 #include "platform/ui/window.h"
-#include "res/strings.h"
 
 namespace velmo::ui::internal {
 namespace {
@@ -111,8 +111,9 @@ INT_PTR MessageBoxProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam) {
     case WM_INITDIALOG: {
       SetWindowLongPtrW(hwnd, DWLP_USER, lparam);
       box = reinterpret_cast<BoxState*>(lparam);
-      std::wstring left = res::Text(box->answers->left_text);
-      std::wstring right = box->answers->right ? res::Text(box->answers->right_text) : L"";
+      std::wstring left = velmo::ui::ResourceText(box->answers->left_text);
+      std::wstring right =
+          box->answers->right ? velmo::ui::ResourceText(box->answers->right_text) : L"";
       SOFTKEY left_key{left.c_str(), kLeftKey, nullptr};
       SOFTKEY right_key{right.c_str(), kRightKey, nullptr};
       CreateSoftKeyBar(hwnd, &left_key, &right_key);

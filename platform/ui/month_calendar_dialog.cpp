@@ -4,11 +4,11 @@
 #include "platform/ui/dialog.h"
 #include "platform/ui/messages.h"
 #include "platform/ui/message_queue.h"
+#include "platform/ui/resource_strings.h"
 #include "platform/ui/month_calendar.h"
 #include "platform/ui/softkey_bar.h"
 #include "platform/ui/ui_internal.h"
 #include "platform/ui/window.h"
-#include "res/strings.h"
 
 namespace velmo::ui::internal {
 namespace {
@@ -40,7 +40,8 @@ INT_PTR CalendarProc(HWND dialog, UINT msg, WPARAM wparam, LPARAM lparam) {
     case WM_INITDIALOG: {
       SetWindowLongPtrW(dialog, DWLP_USER, lparam);
       SendDlgItemMessageW(dialog, kCalendarId, MCM_SETCURSEL, 0, lparam);
-      std::wstring ok = res::Text(kOkText), cancel = res::Text(kCancelText);
+      std::wstring ok = velmo::ui::ResourceText(kOkText);
+      std::wstring cancel = velmo::ui::ResourceText(kCancelText);
       SOFTKEY left{ok.c_str(), kChooseKey, nullptr};
       SOFTKEY right{cancel.c_str(), kCancelKey, nullptr};
       CreateSoftKeyBar(dialog, &left, &right);

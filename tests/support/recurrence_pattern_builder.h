@@ -2,7 +2,7 @@
 // model: it runs from start to end, without an end when end is kNoDate.
 #pragma once
 
-#include "editor/recurrence_pattern.h"
+#include "platform/recurrence_pattern.h"
 
 namespace velmo::testing {
 
