@@ -141,6 +141,8 @@ class TaskItem final : public ITask {
   // Copies the record's properties that are not the object model's (except the
   // notification handle) from this item's record to record `to`.
   HRESULT CopyForeignProperties(CEOID to);
+  // The handle of the reminder notification the record names, or 0.
+  DWORD NotificationHandle() const;
   // Completes the current occurrence as a task of its own and moves the series.
   HRESULT CompleteOccurrence();
   bool RecursAgain() const;

@@ -1,6 +1,7 @@
 // The task item's Save (with its checks and the completion of one occurrence of
 // a recurring task), Delete and Copy.
 #include "platform/clock.h"
+#include "platform/notify.h"
 #include "platform/poom_props.h"
 #include "platform/poom_recurrence.h"
 #include "platform/poom_task.h"
@@ -128,10 +129,22 @@ HRESULT TaskItem::CompleteOccurrence() {
   return S_OK;
 }
 
+DWORD TaskItem::NotificationHandle() const {
+  RecordProps record;
+  if (FAILED(session_->Read(oid_, &record))) return 0;
+  for (const CEPROPVAL& v : record)
+    if (v.propid == kPropNotificationHandle) return v.val.ulVal;
+  return 0;
+}
+
 HRESULT TaskItem::Delete() {
   if (oid_ == 0) return S_OK;
+  // A deleted task reminds of nothing: its notification goes with its record,
+  // whichever program deletes it (the editor's copy of a task, a delete, sync).
+  const DWORD notification = NotificationHandle();
   const HRESULT hr = session_->Delete(oid_);
   if (FAILED(hr)) return hr;
+  if (notification) CeClearUserNotification(notify::HandleOf(notification));
   oid_ = 0;
   changed_ = kAllFields;
   return S_OK;

@@ -10,6 +10,7 @@
 #include "reminders/task_notification.h"
 #include "settings/settings.h"
 #include "store/connection.h"
+#include "store/store_session.h"
 #include "store/task_props.h"
 #include "store/task_table.h"
 #include "tests/store/store_fixture.h"
@@ -149,6 +150,23 @@ TEST_F(ReminderCheckTest, CopyGetsANotificationOfItsOwn) {
   EXPECT_NE(own, handle);
   EXPECT_EQ(Pending().size(), 2u);
   EXPECT_EQ(Read(source).notification_handle, handle);
+}
+
+TEST_F(ReminderCheckTest, DeletedTaskTakesItsNotificationAlong) {
+  const CEOID going = AddReminder(MakeDate(2024, 5, 20), 30);
+  const CEOID staying = AddReminder(MakeDate(2024, 5, 21), 30);
+  ReadChecked(going);
+  const DWORD kept = ReadChecked(staying).notification_handle;
+  ASSERT_EQ(Pending().size(), 2u);
+  ASSERT_TRUE(LogOnObjectModel(nullptr));
+  ITask* item = nullptr;
+  ASSERT_EQ(Store().app->GetItemFromOid(going, &item), S_OK);
+  EXPECT_EQ(item->Delete(), S_OK);
+  item->Release();
+  LogOffObjectModel();
+  const auto pending = Pending();
+  ASSERT_EQ(pending.size(), 1u);
+  EXPECT_EQ(pending[0].handle, kept);
 }
 
 TEST_F(ReminderCheckTest, ReminderText) {
