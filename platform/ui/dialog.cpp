@@ -178,6 +178,9 @@ BOOL EndDialog(HWND dialog, INT_PTR result) {
   if (!data) return FALSE;
   data->ended = true;
   data->result = result;
+  // The modal loop may be waiting for input that never comes (a dialog ended
+  // from a socket or a timer): a message of no meaning wakes it to see the end.
+  PostMessageW(dialog, WM_NULL, 0, 0);
   return TRUE;
 }
 

@@ -67,7 +67,7 @@ class StartupProcessTest : public velmo::testing::DeviceTest {
   }
 };
 
-TEST_F(StartupProcessTest, DISABLED_SecondInstanceHandsItsRequestOver) {
+TEST_F(StartupProcessTest, SecondInstanceHandsItsRequestOver) {
   ChildProcess first(VELMO_TODO_BIN, {"-today"});
   ASSERT_TRUE(first.started());
   ASSERT_NE(first.WaitForLine("Today ["), "") << first.error_output();
