@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "app/category_commands.h"
 #include "app/delete_commands.h"
 #include "app/due_date_command.h"
 #include "app/link_commands.h"
@@ -186,6 +187,16 @@ void AppShortcut(UINT command, LPARAM) { StartAppShortcut(command); }
 
 void LinkCommand(UINT command, LPARAM) { RunSelectedTaskLink(command); }
 
+void MultipleCategories(UINT, LPARAM) { ChooseMultipleCategories(); }
+
+void ChangeCategories(UINT, LPARAM) {
+  if (InEntryMode()) {
+    ChangeQuickEntryCategories();
+  } else if (const CEOID oid = SelectedOid()) {
+    ChangeTaskCategories(oid);
+  }
+}
+
 void ToggleCompact(UINT, LPARAM) {
   ToggleCompactList();
   if (MainWindow().list) ListView_SetRowHeight(MainWindow().list, ListRowLines());
@@ -225,14 +236,14 @@ constexpr CommandRange kCommands[] = {
     {kCmdPreviousView, kCmdPreviousViewSkip, ViewCommand},
     {cmd::kQuickEntryEnter, cmd::kQuickEntryEnter, QuickEntryEnter},
     {cmd::kQuickEntryCallHistory, cmd::kQuickEntryCallHistory, NoDialogYet},
-    {cmd::kChangeCategories, cmd::kChangeCategories, NoDialogYet},
+    {cmd::kChangeCategories, cmd::kChangeCategories, ChangeCategories},
     {cmd::kQuickReminder, cmd::kQuickReminder, QuickOrSelected},
     {cmd::kLinksMenuFirst, cmd::kLinks, LinkCommand},
     {cmd::kToggleCompact, cmd::kToggleCompact, ToggleCompact},
     {cmd::kFirstTask, cmd::kPageDown, Navigate},
     {cmd::kLinksMenuPhone, cmd::kLinksView, LinkCommand},
     {kCmdAllCategories, kCmdAllCategories, FilterCommand},
-    {kCmdMultipleCategories, kCmdMultipleCategories, NoDialogYet},
+    {kCmdMultipleCategories, kCmdMultipleCategories, MultipleCategories},
     {kCmdFirstCategoryItem, kCmdLastCategoryItem, FilterCommand},
 };
 

@@ -1,5 +1,6 @@
 // The task editor's commands: its menu, its soft keys and the keys it takes.
 #include "app/delete_commands.h"
+#include "categories/dialog/categories_dialog.h"
 #include "editor/date_commands.h"
 #include "editor/editor_dialog.h"
 #include "editor/editor_title.h"
@@ -12,6 +13,8 @@
 #include "platform/ui/edit.h"
 #include "platform/ui/menu.h"
 #include "platform/ui/month_calendar.h"
+#include "platform/ui/message_queue.h"
+#include "platform/ui/spinner.h"
 #include "platform/ui/window.h"
 #include "res/command_ids.h"
 #include "res/dialogs_editor.h"
@@ -110,9 +113,20 @@ void CustomPattern(EditorDialog* d) {
   ShowOccurs(d);
 }
 
+// The Categories dialog over the task's categories; a new choice is shown.
+void ChooseTaskCategories(EditorDialog* d) {
+  if (!ChooseCategories(d->dialog, CategoriesOpener::kTaskEditor, &d->fields.categories)) return;
+  HWND field = GetDlgItem(d->dialog, kCategories);
+  SendMessageW(field, LB_RESETCONTENT, 0, 0);
+  SendMessageW(field, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(d->fields.categories.c_str()));
+  SendMessageW(field, LB_SETCURSEL, 0, 0);
+}
+
 // The action key opens what the focused field has behind it.
 void ActionKey(EditorDialog* d, UINT) {
-  if (DateFieldOf(d->focus_id)) {
+  if (d->focus_id == kCategories) {
+    ChooseTaskCategories(d);
+  } else if (DateFieldOf(d->focus_id)) {
     DateCommand(d, kCmdDatePicker);
   } else if (d->focus_id == kNotes) {
     NotesFullScreen(d);
