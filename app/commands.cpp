@@ -10,6 +10,7 @@
 #include "app/main_window_state.h"
 #include "app/menus.h"
 #include "app/notes_command.h"
+#include "app/search_command.h"
 #include "app/shortcut_apps.h"
 #include "app/task_changes.h"
 #include "app/task_commands.h"
@@ -189,6 +190,8 @@ void LinkCommand(UINT command, LPARAM) { RunSelectedTaskLink(command); }
 
 void MultipleCategories(UINT, LPARAM) { ChooseMultipleCategories(); }
 
+void Search(UINT, LPARAM) { RunSearchCommand(); }
+
 void ChangeCategories(UINT, LPARAM) {
   if (InEntryMode()) {
     ChangeQuickEntryCategories();
@@ -230,7 +233,7 @@ constexpr CommandRange kCommands[] = {
     {cmd::kDeleteCompleted, cmd::kDeleteDisplayed, DeleteMany},
     {kCmdViewAllCategories, kCmdSetAsDefault, ViewCommand},
     {kViewAllTasks, kViewUndated, ViewCommand},
-    {kViewSearch, kViewSearch, NoDialogYet},
+    {kViewSearch, kViewSearch, Search},
     {kCmdFilterNext, kCmdFilterPreviousSkipEmpty, StepFilter},
     {kCmdNextView, kCmdNextViewSkip, ViewCommand},
     {kCmdPreviousView, kCmdPreviousViewSkip, ViewCommand},

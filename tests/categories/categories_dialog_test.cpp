@@ -21,67 +21,10 @@
 #include "res/dialogs_editor.h"
 #include "store/connection.h"
 #include "store/direct_writes.h"
-#include "tests/app/main_window_fixture.h"
+#include "tests/categories/categories_dialog_fixture.h"
 
 namespace velmo::testing {
 namespace {
-
-class CategoriesDialogTest : public MainWindowTest {
- protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
-  CEOID Add(const wchar_t* subject, const wchar_t* categories) {
-    ITask* item = nullptr;
-    EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
-    item->put_Subject(subject);
-    EXPECT_EQ(item->Save(), S_OK);
-    if (categories) WriteTaskCategories(item, categories, false);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
-    item->Release();
-    app::ReloadTasksNow();
-    Pump();
-    return oid;
-  }
-  // The first start also made a welcome task.
-  void SelectTask(CEOID oid) {
-    for (int row = 0; row < app::RowCount() && Selected() != oid; ++row) app::SelectRow(row);
-    ASSERT_EQ(Selected(), oid);
-  }
-  std::wstring CategoriesOf(CEOID oid) {
-    const int i = FindTask(oid);
-    return i < 0 ? L"?" : Tasks()[static_cast<size_t>(i)]->categories;
-  }
-  void Key(UINT vk, wchar_t ch = 0) {
-    screen_.AddIdleStep([this, vk, ch] { screen_.TypeKey(vk, ch); });
-  }
-  void Text(const wchar_t* text) {
-    screen_.AddIdleStep([this, text] { screen_.TypeText(text); });
-  }
-  void Command(UINT command) {
-    screen_.AddIdleStep([command] { SendMessageW(GetActiveWindow(), WM_COMMAND, command, 0); });
-  }
-  void Look(std::wstring* seen) {
-    screen_.AddIdleStep([this, seen] { *seen = screen_.Text(); });
-  }
-  void LookTitle(std::wstring* title) {
-    screen_.AddIdleStep([title] {
-      wchar_t text[128] = {};
-      GetWindowTextW(GetActiveWindow(), text, 128);
-      *title = text;
-    });
-  }
-  static bool Has(const std::wstring& text, const wchar_t* part) {
-    return text.find(part) != std::wstring::npos;
-  }
-};
 
 // The filter mode over the categories in use: No Category first, the title
 // counting every tick, Up wrapping to the end, and Done making the filter.
