@@ -4,7 +4,9 @@
 #include "platform/poom.h"
 #include "platform/ui/virtual_keys.h"
 #include "res/command_ids.h"
+#include "settings/settings.h"
 #include "store/connection.h"
+#include "store/task_table.h"
 #include "tests/app/main_window_fixture.h"
 
 namespace velmo::testing {
@@ -33,27 +35,34 @@ class NotesCommandTest : public MainWindowTest {
   }
 };
 
-TEST_F(NotesCommandTest, NotesOfTheSelectedTaskAreEditedAndSavedOnDoneOnly) {
-  ITask* item = nullptr;
-  ASSERT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
-  item->put_Subject(L"Shopping");
-  item->put_Body(L"milk");
-  ASSERT_EQ(item->Save(), S_OK);
-  CEOID oid = 0;
-  item->get_Oid(&oid);
-  item->Release();
-  app::ReloadTasksNow();
-  Pump();
-  ASSERT_TRUE(app::SelectTaskRow(oid));
-
+// Done saves through the editor's commit: with "Resolve Notes synchro." the
+// task comes back as a fresh copy (a new identifier); the menu's Cancel keeps
+// the notes as they were.
+TEST_F(NotesCommandTest, NotesAreSavedOnDoneThroughTheCommitAndKeptOnCancel) {
   struct Case {
+    DWORD notes_synchro;
     UINT close_key;  // Done, or 0: the menu's Cancel
     const wchar_t* saved;
-  } const cases[] = {{VK_TSOFT1, L"milk, eggs"}, {0, L"milk, eggs"}};
+    bool replaced;
+  } const cases[] = {{1, VK_TSOFT1, L"milk, eggs", true},
+                     {0, VK_TSOFT1, L"milk, eggs", false},
+                     {0, 0, L"milk", false}};
   for (const Case& c : cases) {
+    CurrentSettings().notes_synchro = c.notes_synchro;
+    ITask* item = nullptr;
+    ASSERT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
+    item->put_Subject(L"Shopping");
+    item->put_Body(L"milk");
+    ASSERT_EQ(item->Save(), S_OK);
+    CEOID oid = 0;
+    item->get_Oid(&oid);
+    item->Release();
+    app::ReloadTasksNow();
+    Pump();
+    ASSERT_TRUE(app::SelectTaskRow(oid));
+
     screen_.AddIdleStep([&] {
-      EXPECT_TRUE(screen_.Contains(L"Notes"));
-      EXPECT_TRUE(screen_.Contains(c.close_key ? L"milk" : L"milk, eggs"));
+      EXPECT_TRUE(screen_.Contains(L"milk"));
       screen_.TypeKey(VK_END, 0, ui::kModControl);
       screen_.TypeText(L", eggs");
       screen_.TypeKey(c.close_key ? c.close_key : VK_TSOFT2);
@@ -69,7 +78,19 @@ TEST_F(NotesCommandTest, NotesOfTheSelectedTaskAreEditedAndSavedOnDoneOnly) {
     app::SendCommand(cmd::kNotes);
     Pump();
     EXPECT_FALSE(screen_.stalled());
-    EXPECT_EQ(BodyOf(oid), c.saved);
+    app::ReloadTasksNow();
+    CEOID now = 0;
+    for (const auto& task : Tasks())
+      if (task->subject == L"Shopping") now = task->oid;
+    ASSERT_NE(now, 0u);
+    EXPECT_EQ(now != oid, c.replaced);
+    EXPECT_EQ(BodyOf(now), c.saved);
+    ITask* done = nullptr;
+    if (SUCCEEDED(app::OpenTaskItem(now, &done)) && done) {
+      done->Delete();
+      done->Release();
+    }
+    app::ReloadTasksNow();
   }
 }
 
