@@ -18,8 +18,10 @@ bool HasShape(std::string_view text, std::string_view form) {
 }  // namespace
 
 std::optional<DATE> ParseDate(std::string_view text, bool with_time) {
-  if (!HasShape(text, with_time ? "9999-99-99T99:99" : "9999-99-99")) return std::nullopt;
-  const std::string copy(text);
+  std::string copy(text);
+  // A space between the day and the time, as `date` and most people write it.
+  if (with_time && copy.size() == 16 && copy[10] == ' ') copy[10] = 'T';
+  if (!HasShape(copy, with_time ? "9999-99-99T99:99" : "9999-99-99")) return std::nullopt;
   unsigned year = 0, month = 0, day = 0, hour = 0, minute = 0;
   std::sscanf(copy.c_str(), "%4u-%2u-%2uT%2u:%2u", &year, &month, &day, &hour, &minute);
   SYSTEMTIME st{static_cast<WORD>(year), static_cast<WORD>(month), 0, static_cast<WORD>(day),

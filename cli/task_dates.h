@@ -11,7 +11,8 @@
 namespace velmo::cli {
 
 // The date of "YYYY-MM-DD" (midnight), or of "YYYY-MM-DDTHH:MM" when
-// with_time; nothing for any other text or an impossible date.
+// with_time (or "YYYY-MM-DD HH:MM"); nothing for any other text or an
+// impossible date.
 std::optional<DATE> ParseDate(std::string_view text, bool with_time);
 
 }  // namespace velmo::cli
