@@ -88,10 +88,14 @@ int RunProgram(std::wstring_view command_line) {
     return 1;
   }
   if (GetLastError() == ERROR_ALREADY_EXISTS) {
-    HandOverToRunningInstance(start);
+    const std::wstring failure = HandOverToRunningInstance(start);
     CloseHandle(mutex);
-    return 0;
+    if (failure.empty()) return 0;
+    ShowStartupError(failure);
+    return 1;
   }
+  // What instances killed on other device roots left behind goes now.
+  ipc::RemoveStaleFiles();
 
   if (start.request == kAfterSyncRequest) {
     // No window and no message: every failure ends the pass silently.

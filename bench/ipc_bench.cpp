@@ -7,6 +7,7 @@
 #include <atomic>
 #include <filesystem>
 #include <thread>
+#include <vector>
 
 #include "platform/device.h"
 #include "platform/ipc.h"
@@ -36,8 +37,9 @@ void BM_CopyDataRoundTrip(benchmark::State& state) {
     velmo::ipc::Handlers handlers;
     handlers.copy_data = [](ULONG_PTR, DWORD size, const BYTE*) -> LRESULT { return size; };
     while (!stop) {
-      pollfd p{listener.fd(), POLLIN, 0};
-      if (poll(&p, 1, 20) > 0) listener.ReceiveOne(handlers);
+      std::vector<pollfd> fds;
+      for (const int fd : listener.WatchedFds()) fds.push_back({fd, POLLIN, 0});
+      if (poll(fds.data(), fds.size(), 20) > 0) listener.Service(handlers);
     }
   });
   HWND window = FindWindowW(L"Velmo ToDo List", nullptr);

@@ -10,10 +10,14 @@
 // and every user has its own pair. A connection from another user is refused.
 #pragma once
 
+#include <sys/types.h>
+
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/wintypes.h"
 
@@ -74,11 +78,19 @@ struct Handlers {
 constexpr DWORD kMaxPayload = 64 * 1024;
 
 // The running instance's end of the hand-over channel, for one window class.
-// Single-threaded: the program's message loop watches fd() and calls
-// ReceiveOne() whenever it is readable.
+// Single-threaded and never blocking: the program's message loop watches
+// WatchedFds() and calls Service() whenever one of them is readable, and now and
+// then besides, so that connections that never complete are dropped. A sender
+// that connects and says nothing holds nothing but its own connection.
 class Listener {
  public:
-  Listener() = default;
+  // How long a connection may take to deliver its whole message.
+  static constexpr int kDefaultReadTimeoutMs = 5000;
+  // Connections being read at once; beyond it the oldest is dropped.
+  static constexpr size_t kMaxPending = 32;
+
+  explicit Listener(int read_timeout_ms = kDefaultReadTimeoutMs)
+      : read_timeout_ms_(read_timeout_ms) {}
   ~Listener();
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
@@ -88,30 +100,53 @@ class Listener {
   // is replaced; one that still answers gives ERROR_ALREADY_EXISTS. FALSE with the
   // last error set on failure.
   BOOL Open(LPCWSTR class_name);
-  // Stops listening and removes the socket.
+  // Stops listening, drops the connections being read and removes the socket.
   void Close();
   bool IsOpen() const { return fd_ >= 0; }
 
-  // The listening socket, to watch for readability (non-blocking).
+  // The listening socket (non-blocking).
   int fd() const { return fd_; }
+  // The listening socket and every connection whose message is still arriving.
+  std::vector<int> WatchedFds() const;
 
-  // Accepts one waiting connection, reads its message, hands it to the handlers
-  // and answers the sender. A sender of another user, a malformed or oversized
-  // message, or one that does not arrive within read_timeout_ms is refused and
-  // logged; the receiver goes on. Returns true when a message was handled, false
-  // when none was waiting or it was refused.
-  bool ReceiveOne(const Handlers& handlers, int read_timeout_ms = 1000);
+  // Accepts the waiting connections and reads what has arrived on each, without
+  // waiting. Every complete message is handed to the handlers and answered. A
+  // sender of another user, a malformed or oversized message, or one not
+  // complete within the read timeout is refused and logged. Returns the number
+  // of messages handled.
+  int Service(const Handlers& handlers);
 
   const std::string& socket_path() const { return path_; }
 
  private:
+  struct Pending {
+    int fd;
+    std::chrono::steady_clock::time_point deadline;
+    std::vector<BYTE> bytes;
+  };
+  void Accept();
+  // Reads what the connection has; true when it is finished with (its message
+  // handled, or refused), false while more is to come.
+  bool Advance(Pending& connection, const Handlers& handlers, bool* handled);
+
   int fd_ = -1;
+  int read_timeout_ms_;
   std::string path_;
+  std::vector<Pending> pending_;
 };
 
 // Where refusals and failures of the channel are reported (default: standard
 // error, one line each). The terminal UI redirects it while it owns the screen.
 void SetLogSink(std::function<void(const std::string& line)> sink);
+
+// The process that holds the named mutex (it writes its number into the lock
+// file), or 0 when none is known.
+pid_t MutexHolderProcess(std::wstring_view mutex_name);
+
+// Removes what instances that have ended left in the runtime folder: lock
+// files nobody holds, and sockets of device roots whose lock nobody holds.
+// Returns the number of files removed.
+int RemoveStaleFiles();
 
 // The files of this device root and user (for tests and diagnostics).
 std::string RuntimeDirectory();

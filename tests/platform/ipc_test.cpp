@@ -8,7 +8,10 @@
 
 #include <chrono>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/device.h"
@@ -53,6 +56,14 @@ class IpcTest : public testing::DeviceTest {
     ASSERT_GE(fd, 0);
     ASSERT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL), static_cast<ssize_t>(bytes.size()));
     close(fd);
+  }
+
+  // A message: the header, then payload bytes.
+  static std::vector<BYTE> frame(wire::Header h, size_t payload) {
+    const wire::HeaderBytes raw = wire::Encode(h);
+    std::vector<BYTE> bytes(raw.begin(), raw.end());
+    bytes.resize(bytes.size() + payload, 'x');
+    return bytes;
   }
 
   std::string runtime_;
@@ -200,7 +211,8 @@ TEST_F(IpcTest, FindWindowAnswersOnlyWhileAnInstanceListens) {
   EXPECT_FALSE(second.Open(kClass));
   EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
   // The look-ups themselves are no messages and leave nothing in the log.
-  for (pollfd p{listener.fd(), POLLIN, 0}; poll(&p, 1, 200) > 0;) EXPECT_FALSE(listener.ReceiveOne({}));
+  EXPECT_EQ(listener.Service({}), 0);
+  EXPECT_EQ(listener.WatchedFds(), std::vector<int>{listener.fd()});
   EXPECT_EQ(log_, "");
   listener.Close();
   EXPECT_EQ(FindWindowW(kClass, nullptr), nullptr);
@@ -257,12 +269,6 @@ TEST_F(IpcTest, MalformedMessagesAreRefusedAndTheReceiverGoesOn) {
   handlers.copy_data = [&](ULONG_PTR, DWORD, const BYTE*) -> LRESULT { return ++calls; };
   handlers.dismiss_dialogs = [&] { ++calls; };
 
-  auto frame = [](wire::Header h, size_t payload) {
-    const wire::HeaderBytes raw = wire::Encode(h);
-    std::vector<BYTE> bytes(raw.begin(), raw.end());
-    bytes.resize(bytes.size() + payload, 'x');
-    return bytes;
-  };
   // A default header with one field changed.
   auto with = [](auto change) {
     wire::Header h;
@@ -283,23 +289,110 @@ TEST_F(IpcTest, MalformedMessagesAreRefusedAndTheReceiverGoesOn) {
   for (const Case& c : cases) {
     log_.clear();
     SendRaw(listener, c.bytes);
-    EXPECT_FALSE(listener.ReceiveOne(handlers, 300));
+    EXPECT_EQ(listener.Service(handlers), 0);
     EXPECT_NE(log_.find(c.logged), std::string::npos) << "expected '" << c.logged << "' in: " << log_;
   }
   EXPECT_EQ(calls, 0);
 
-  // A sender that connects and says nothing cannot hold the receiver.
-  const int silent = ConnectTo(listener.socket_path());
-  ASSERT_GE(silent, 0);
-  const auto start = std::chrono::steady_clock::now();
-  EXPECT_FALSE(listener.ReceiveOne(handlers, 200));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
-  close(silent);
-
   // A well-formed message still arrives.
   SendRaw(listener, frame(wire::Header{}, 0));
-  EXPECT_TRUE(listener.ReceiveOne(handlers, 300));
+  EXPECT_EQ(listener.Service(handlers), 1);
   EXPECT_EQ(calls, 1);
+}
+
+// The receiver reads what has arrived and goes back to its loop: a sender that
+// says nothing, or sends its message in pieces, holds nothing up, and one that
+// never finishes is dropped when its time is up.
+TEST_F(IpcTest, ReadingNeverWaitsOnASender) {
+  int calls = 0;
+  Handlers handlers;
+  handlers.copy_data = [&](ULONG_PTR data, DWORD size, const BYTE*) -> LRESULT {
+    ++calls;
+    return static_cast<LRESULT>(data + size);
+  };
+  {
+    Listener listener(60000);  // a receiver that waited would wait a minute
+    ASSERT_TRUE(listener.Open(kClass));
+    const int silent = ConnectTo(listener.socket_path());
+    const int halting = ConnectTo(listener.socket_path());
+    ASSERT_GE(silent, 0);
+    ASSERT_GE(halting, 0);
+    SendRaw(listener, frame(wire::Header{}, 0));
+    wire::Header h;
+    h.data = 40;
+    h.size = 2;
+    const std::vector<BYTE> message = frame(h, 2);
+    ASSERT_EQ(send(halting, message.data(), wire::kHeaderSize + 1, 0), static_cast<ssize_t>(wire::kHeaderSize + 1));
+
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(listener.Service(handlers), 1);  // the complete one, past the other two
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_EQ(listener.WatchedFds().size(), 3u);  // the two unfinished are watched
+
+    ASSERT_EQ(send(halting, message.data() + wire::kHeaderSize + 1, 1, 0), 1);
+    EXPECT_EQ(listener.Service(handlers), 1);
+    wire::HeaderBytes answer;
+    ASSERT_EQ(recv(halting, answer.data(), answer.size(), MSG_WAITALL), static_cast<ssize_t>(answer.size()));
+    wire::Header reply;
+    std::string why;
+    ASSERT_TRUE(wire::Decode(answer, 0, &reply, &why)) << why;
+    EXPECT_EQ(reply.data, 42u);
+    EXPECT_EQ(calls, 2);
+    close(silent);
+    close(halting);
+  }
+  Listener listener(100);
+  ASSERT_TRUE(listener.Open(kClass));
+  const int silent = ConnectTo(listener.socket_path());
+  EXPECT_EQ(listener.Service(handlers), 0);
+  EXPECT_EQ(listener.WatchedFds().size(), 2u);
+  std::this_thread::sleep_for(std::chrono::milliseconds(150));
+  EXPECT_EQ(listener.Service(handlers), 0);
+  EXPECT_EQ(listener.WatchedFds().size(), 1u);
+  EXPECT_NE(log_.find("not complete within 100 ms"), std::string::npos) << log_;
+  close(silent);
+}
+
+// The lock file goes with the handle that made it; what an instance that was
+// killed left behind is swept, and nothing else in the folder.
+TEST_F(IpcTest, LockFilesGoWithTheirHoldersAndStaleOnesAreSwept) {
+  namespace fs = std::filesystem;
+  HANDLE mine = CreateMutexW(nullptr, FALSE, kMutexName);
+  const std::string lock = MutexLockPath(kMutexName);
+  EXPECT_TRUE(fs::exists(lock));
+  EXPECT_EQ(MutexHolderProcess(kMutexName), getpid());
+  HANDLE second = CreateMutexW(nullptr, FALSE, kMutexName);
+  CloseHandle(second);
+  EXPECT_TRUE(fs::exists(lock));  // only the creator's close removes it
+  CloseHandle(mine);
+  EXPECT_FALSE(fs::exists(lock));
+
+  device::SetRoot(root() / "killed");
+  const std::string killed_lock = MutexLockPath(kMutexName), killed_socket = WindowSocketPath(kClass);
+  const pid_t child = fork();
+  if (child == 0) {
+    Listener listener;
+    const bool made = CreateMutexW(nullptr, FALSE, kMutexName) && listener.Open(kClass);
+    _exit(made ? 0 : 1);  // as if killed: nothing closed
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_EQ(WEXITSTATUS(status), 0);
+  device::SetRoot(root());
+  ASSERT_TRUE(fs::exists(killed_lock));
+  ASSERT_TRUE(fs::exists(killed_socket));
+
+  HANDLE running = CreateMutexW(nullptr, FALSE, kMutexName);
+  Listener listener;
+  ASSERT_TRUE(listener.Open(kClass));
+  const std::string other_file = RuntimeDirectory() + "/notes.lock";
+  std::ofstream(other_file) << "not ours";
+  EXPECT_EQ(RemoveStaleFiles(), 2);
+  EXPECT_FALSE(fs::exists(killed_lock));
+  EXPECT_FALSE(fs::exists(killed_socket));
+  for (const std::string& kept : {MutexLockPath(kMutexName), listener.socket_path(), other_file})
+    EXPECT_TRUE(fs::exists(kept)) << kept;
+  CloseHandle(running);
 }
 
 TEST_F(IpcTest, AnotherUsersConnectionIsRefused) {
@@ -325,7 +418,7 @@ TEST_F(IpcTest, AnotherUsersConnectionIsRefused) {
   handlers.copy_data = [&](ULONG_PTR, DWORD, const BYTE*) -> LRESULT { return ++calls; };
   pollfd p{listener.fd(), POLLIN, 0};
   ASSERT_GT(poll(&p, 1, 5000), 0);
-  EXPECT_FALSE(listener.ReceiveOne(handlers));
+  EXPECT_EQ(listener.Service(handlers), 0);
   int status = 0;
   waitpid(child, &status, 0);
   EXPECT_EQ(WEXITSTATUS(status), 0);
