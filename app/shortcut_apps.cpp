@@ -9,7 +9,9 @@
 
 #include "platform/lasterror.h"
 #include "platform/registry.h"
+#include "platform/desktop_apps.h"
 #include "platform/shell.h"
+#include "platform/wstr.h"
 
 namespace velmo {
 namespace {
@@ -35,6 +37,34 @@ constexpr AppShortcut kAppShortcuts[] = {
     {39971, L"\\Calculator.lnk", nullptr, 0},
     {39981, L"\\Settings.lnk", nullptr, 0},
 };
+
+// What each name starts until the user sets another command: the desktop's
+// default application for a type ("desktop-default" and the type), or a program.
+struct DefaultLaunch {
+  const wchar_t* name;
+  std::vector<std::wstring> argv;
+};
+
+const std::vector<DefaultLaunch>& DefaultLaunches() {
+  static const std::vector<DefaultLaunch> defaults = {
+      {L"Calendar", {kDesktopDefault, L"text/calendar"}},
+      {L"Contacts", {kDesktopDefault, L"text/vcard"}},
+      {L"Messaging", {kDesktopDefault, L"x-scheme-handler/mailto"}},
+      {L"Inbox", {kDesktopDefault, L"x-scheme-handler/mailto"}},
+      {L"Call History", {kDesktopDefault, L"x-scheme-handler/tel"}},
+      {L"Internet Explorer", {kDesktopDefault, L"x-scheme-handler/https"}},
+      {L"Pocket MSN", {kDesktopDefault, L"x-scheme-handler/xmpp"}},
+      {L"MSN Messenger", {kDesktopDefault, L"x-scheme-handler/xmpp"}},
+      {L"Voice Notes", {kDesktopDefault, L"audio/ogg"}},
+      {L"Notes", {kDesktopDefault, L"text/plain"}},
+      {L"ActiveSync", {L"velmo", L"sync"}},
+      {L"Pictures", {kDesktopDefault, L"image/jpeg"}},
+      {L"File Explorer", {kDesktopDefault, L"inode/directory"}},
+      {L"Calculator", {L"gnome-calculator"}},
+      {L"Settings", {L"gnome-control-center"}},
+  };
+  return defaults;
+}
 
 std::wstring ApplicationsKeyPath() {
   return std::wstring(kSettingsKey) + L"\\" + kApplicationsSubKey;
@@ -112,14 +142,38 @@ LONG WriteLaunchCommand(const std::wstring& name, const std::vector<std::wstring
   return result;
 }
 
+bool LaunchCommandSet(const std::wstring& name) {
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(HKEY_CURRENT_USER, ApplicationsKeyPath().c_str(), 0, KEY_READ, &key) !=
+      ERROR_SUCCESS) {
+    return false;
+  }
+  DWORD type = REG_NONE, size = 0;
+  const bool set = RegQueryValueExW(key, name.c_str(), nullptr, &type, nullptr, &size) == ERROR_SUCCESS;
+  RegCloseKey(key);
+  return set;
+}
+
+std::vector<std::wstring> DefaultLaunchCommand(const std::wstring& name) {
+  for (const DefaultLaunch& d : DefaultLaunches())
+    if (name == d.name) return d.argv;
+  return {};
+}
+
 BOOL StartAppShortcut(UINT command) {
   std::wstring name = AppLaunchName(command);
+  if (!name.empty() && !LaunchCommandSet(name)) {
+    const std::vector<std::wstring> fallback = DefaultLaunchCommand(name);
+    if (!fallback.empty()) WriteLaunchCommand(name, fallback);
+  }
   std::vector<std::wstring> argv = name.empty() ? std::vector<std::wstring>{}
                                                 : ReadLaunchCommand(name);
   if (argv.empty()) {
     SetLastError(ERROR_FILE_NOT_FOUND);
     return FALSE;
   }
+  if (argv[0] == kDesktopDefault)
+    return argv.size() == 2 ? shell::StartDefaultApplication(ToUtf8(argv[1]), L"") : FALSE;
   return shell::Spawn(argv);
 }
 

@@ -2,7 +2,11 @@
 // shortcut's name), and the user's launch command for that name starts it. The
 // launch commands live under the settings key, in the sub-key "Applications":
 // one value per name, a REG_MULTI_SZ argument vector (program, then arguments)
-// or a REG_SZ program without arguments. A name without a value does nothing.
+// or a REG_SZ program without arguments. A name without a value gets its
+// default command written there on first use (the desktop's own program for
+// it); an empty value does nothing. A command whose program is
+// "desktop-default" starts the desktop's default application for the type that
+// follows it ("desktop-default", "text/calendar").
 #pragma once
 
 #include <string>
@@ -14,6 +18,7 @@
 namespace velmo {
 
 constexpr const wchar_t* kApplicationsSubKey = L"Applications";
+constexpr const wchar_t* kDesktopDefault = L"desktop-default";
 
 constexpr UINT kFirstAppCommand = 39970;
 constexpr UINT kLastAppCommand = 39981;
@@ -32,6 +37,11 @@ std::wstring AppLaunchName(UINT command, DWORD major_version = kPlatformMajorVer
 // is of another type, or holds no program).
 std::vector<std::wstring> ReadLaunchCommand(const std::wstring& name);
 LONG WriteLaunchCommand(const std::wstring& name, const std::vector<std::wstring>& argv);
+
+// Whether a value is stored for the name (even an empty one), and the command
+// used when none is.
+bool LaunchCommandSet(const std::wstring& name);
+std::vector<std::wstring> DefaultLaunchCommand(const std::wstring& name);
 
 // Starts the program of an "App:" command. FALSE when the command names no
 // program, none is set for it, or it cannot be started; the caller reports

@@ -95,6 +95,20 @@ TEST_F(DesktopAppsTest, ThePhoneIsTheTelHandlerOrTheDialCommandAndNothingWithout
   EXPECT_EQ(Recorded(log), "--name=\n555 1234\n") << "no name: its lone argument goes";
 }
 
+TEST_F(DesktopAppsTest, AppActionsStartTheDesktopsProgramUntilTheUserSetsAnother) {
+  const auto log = root() / "calendar";
+  Entry("calendar.desktop", Recorder("calendar", log).string() + " --view %F",
+        "text/calendar;");
+  EXPECT_TRUE(StartAppShortcut(39974));
+  EXPECT_EQ(Recorded(log), "--view\n");
+  EXPECT_EQ(ReadLaunchCommand(L"Calendar"),
+            (std::vector<std::wstring>{kDesktopDefault, L"text/calendar"}))
+      << "the default is written where the user can change it";
+  EXPECT_FALSE(StartAppShortcut(39975)) << "no address book on this desktop";
+  ASSERT_EQ(WriteLaunchCommand(L"Calendar", {}), 0);
+  EXPECT_FALSE(StartAppShortcut(39974)) << "emptied by the user: nothing starts";
+}
+
 // The menu's items from the top: command and text ("-" a separator).
 std::vector<std::wstring> TopItems(HMENU menu, int count) {
   std::vector<std::wstring> items;
