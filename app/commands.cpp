@@ -7,6 +7,7 @@
 #include "app/due_date_command.h"
 #include "app/link_commands.h"
 #include "app/list_rows.h"
+#include "app/send_commands.h"
 #include "app/main_window_state.h"
 #include "app/menus.h"
 #include "app/notes_command.h"
@@ -200,6 +201,12 @@ void ChangeCategories(UINT, LPARAM) {
   }
 }
 
+void SendTask(UINT command, LPARAM) {
+  const CEOID oid = SelectedOid();
+  if (!oid) return;
+  if (command == cmd::kSaveToFile) SaveTaskAs(oid); else MailTask(oid);
+}
+
 void ToggleCompact(UINT, LPARAM) {
   ToggleCompactList();
   if (MainWindow().list) ListView_SetRowHeight(MainWindow().list, ListRowLines());
@@ -229,7 +236,8 @@ constexpr CommandRange kCommands[] = {
     {cmd::kSettingsOptions, cmd::kSettingsMyText, NoDialogYet},
     {cmd::kSettingsReset, cmd::kSettingsReset, NoDialogYet},
     {cmd::kExit, cmd::kExit, Exit},
-    {cmd::kSaveToFile, cmd::kBeamAll, NoDialogYet},
+    {cmd::kSaveToFile, cmd::kSendMessaging, SendTask},
+    {cmd::kBeamTask, cmd::kBeamAll, NoDialogYet},
     {cmd::kDeleteCompleted, cmd::kDeleteDisplayed, DeleteMany},
     {kCmdViewAllCategories, kCmdSetAsDefault, ViewCommand},
     {kViewAllTasks, kViewUndated, ViewCommand},

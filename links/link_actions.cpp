@@ -22,19 +22,20 @@ bool Ask(HWND owner, UINT question, const std::wstring& insert, UINT caption) {
   return MessageBoxW(owner, text.c_str(), title.c_str(), MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
-// Hands a URI to the desktop's opener; a failure is not reported.
-void Open(const std::wstring& uri) {
+// The scanners read up to a blank, so each text gets one at its end.
+std::wstring Padded(const std::wstring& text) { return text + L' '; }
+
+void Open(const std::wstring& uri) { OpenWithDesktop(uri); }
+
+}  // namespace
+
+BOOL OpenWithDesktop(const std::wstring& uri) {
   SHELLEXECUTEINFO info{sizeof info};
   info.lpVerb = L"open";
   info.lpFile = uri.c_str();
   info.nShow = SW_SHOWNORMAL;
-  ShellExecuteEx(&info);
+  return ShellExecuteEx(&info);
 }
-
-// The scanners read up to a blank, so each text gets one at its end.
-std::wstring Padded(const std::wstring& text) { return text + L' '; }
-
-}  // namespace
 
 void ActOnEmail(HWND owner, const EmailAddress& address) {
   if (Ask(owner, kAskEmail, address.Text(), kCaptionEmail)) Open(MailtoUri(address.Text()));

@@ -25,6 +25,10 @@ struct LinkTask {
   std::wstring phone_number;
 };
 
+// Hands a URI (or a path) to the desktop's opener; FALSE when it cannot be
+// started, which the callers do not report.
+BOOL OpenWithDesktop(const std::wstring& uri);
+
 // "Send email to %1?", then the composer on a mailto: address.
 void ActOnEmail(HWND owner, const EmailAddress& address);
 // "Browse web page %1?" and the browser, or for a file:// address "Open %1?"
