@@ -51,6 +51,9 @@ constexpr Subcommand kSubcommands[] = {
     {"import", "import FILE.ics|DIR|FILE.json|todo.txt    tasks from iCalendar files, a Taskwarrior\n"
                "      export (task export) or a todo.txt file",
      velmo::cli::RunImport},
+    {"contacts", "contacts import DIR|FILE.vcf | contacts list   the device's address book, filled\n"
+                 "      from vCard files (a card already there by its UID is replaced)",
+     velmo::cli::RunContacts},
 };
 
 void PrintHelp(std::FILE* out) {

@@ -24,5 +24,6 @@ int RunRecover(int argc, char** argv);
 int RunSync(int argc, char** argv);
 int RunExport(int argc, char** argv);
 int RunImport(int argc, char** argv);
+int RunContacts(int argc, char** argv);
 
 }  // namespace velmo::cli

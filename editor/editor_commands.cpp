@@ -1,6 +1,9 @@
 // The task editor's commands: its menu, its soft keys and the keys it takes.
+#include <algorithm>
+
 #include "app/delete_commands.h"
 #include "categories/dialog/categories_dialog.h"
+#include "editor/contact_insert.h"
 #include "editor/date_commands.h"
 #include "editor/editor_dialog.h"
 #include "editor/editor_title.h"
@@ -20,6 +23,7 @@
 #include "res/dialogs_editor.h"
 #include "res/strings.h"
 #include "settings/settings.h"
+#include "store/contacts_db.h"
 
 namespace velmo::editor {
 namespace {
@@ -89,6 +93,25 @@ void InsertMyText(EditorDialog* d, UINT) {
   if (chosen >= 1 && chosen <= texts.size()) Insert(d, texts[chosen - 1]);
 }
 
+// "Contact": the address book's names in a menu; the one chosen goes in at the
+// caret as "ContactInsertMode" says.
+void InsertContact(EditorDialog* d, UINT) {
+  std::vector<Contact> contacts = ReadContacts();
+  if (contacts.empty()) return;
+  std::stable_sort(contacts.begin(), contacts.end(),
+                   [](const Contact& a, const Contact& b) { return a.name < b.name; });
+  if (contacts.size() > kMaxContactsOffered) contacts.resize(kMaxContactsOffered);
+  HMENU menu = CreatePopupMenu();
+  for (size_t i = 0; i < contacts.size(); ++i) AppendMenuW(menu, MF_STRING, i + 1, contacts[i].name.c_str());
+  RECT rc{};
+  GetWindowRect(d->dialog, &rc);
+  const UINT chosen = static_cast<UINT>(
+      TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_NONOTIFY | TPM_BOTTOMALIGN, rc.left, rc.bottom, d->dialog, nullptr));
+  DestroyMenu(menu);
+  if (chosen >= 1 && chosen <= contacts.size())
+    Insert(d, ContactInsertText(contacts[chosen - 1], CurrentSettings().contact_insert_mode));
+}
+
 void NotesFullScreen(EditorDialog* d) {
   ReadTextFields(d);
   std::wstring notes = d->fields.notes;
@@ -151,7 +174,7 @@ constexpr CommandRange kCommands[] = {
     {cmd::kDelete, cmd::kDelete, DeleteThisTask},
     {kCmdYesterday, kCmdDatePicker, DateCommand},
     {kCmdMyText, kCmdMyText, InsertMyText},
-    {kCmdContact, kCmdContact, Nothing},
+    {kCmdContact, kCmdContact, InsertContact},
     {kCmdCallHistory, kCmdCallHistory, Nothing},
     {kCmdInsertTime, kCmdLongDateLast, InsertCommand},
     {kCmdTab, kCmdTab, InsertCommand},

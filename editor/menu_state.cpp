@@ -23,8 +23,8 @@ constexpr CommandRule kRules[] = {
     {40094, 40104, kOnDate},           // Yesterday .. Due Date
     {40107, 40107, kOnDate | kOnEnd},  // Date Picker...
     {40085, 40085, kOnText},           // My Text
-    {40086, 40086, kNever},            // Contact: with the links
-    {40092, 40092, kNever},            // Call History: with the links
+    {40086, 40086, kOnText},           // Contact
+    {40092, 40092, kNever},            // Call History: no dialler's call records to read
     {40140, 40153, kOnText},           // Time, Date and Time, Short and Long Date
     {47000, 47000, kOnText},           // Tab
 };

@@ -166,7 +166,8 @@ TEST(EditorMenuState, InsertOnTextDatesOnDateFields) {
   const Case cases[] = {
       {40085, EditorFocus::kText, false, true},   {40085, EditorFocus::kDate, false, false},
       {40141, EditorFocus::kNotes, false, true},  {47000, EditorFocus::kOther, false, false},
-      {40086, EditorFocus::kText, false, false},  {40092, EditorFocus::kNotes, false, false},
+      {40086, EditorFocus::kText, false, true},   {40086, EditorFocus::kDate, false, false},
+      {40092, EditorFocus::kNotes, false, false},
       {40095, EditorFocus::kDate, false, true},   {40095, EditorFocus::kText, false, false},
       {40095, EditorFocus::kRecurrenceEnd, false, false},
       {40107, EditorFocus::kRecurrenceEnd, false, true},
