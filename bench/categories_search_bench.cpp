@@ -107,7 +107,8 @@ void BM_SearchRebuild2550WithNotes(benchmark::State& state) {
   OpenNotesDevice();
   InitCategories(0, L"", L"");
   InitListState();
-  ApplySearch({L"pineapple", true, true, state.range(0) != 0});
+  const bool case_sensitive = state.range(0) != 0;
+  ApplySearch({case_sensitive ? L"Pineapple" : L"pineapple", true, true, case_sensitive});
   size_t rows = 0;
   for (auto _ : state) {
     Store().reload = true;

@@ -3,9 +3,12 @@
 // menu and "Change Categories..." on the selected task.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 
 #include "app/task_changes.h"
+#include "categories/category_icons.h"
 #include "categories/category_state.h"
 #include "categories/dialog/categories_dialog.h"
 #include "categories/dialog/new_category_dialog.h"
@@ -164,6 +167,34 @@ TEST_F(CategoriesDialogTest, AnOverlongInitialTextBeepsPastTheLimit) {
   EXPECT_EQ(platform::BeepCount() - beeps, 17u);
   EXPECT_EQ(title, L"Categories [1/1]") << seen;
   EXPECT_EQ(result, L"n0");
+}
+
+// "Reload Icons" reports for the categories the list shows, at most one "not
+// found" and every bad file, and nothing for the others.
+TEST_F(CategoriesDialogTest, ReloadIconsReportsOnlyForTheCategoriesShown) {
+  Add(L"Garden", L"Home");
+  Add(L"Report", L"Work");
+  AddCategory(CategoryCatalogue(), L"Zeta", ForNewTasks, kAddCategoryMerge);  // not in use
+  const std::filesystem::path folder = root() / "Program Files" / "Velmo";
+  std::filesystem::create_directories(folder);
+  for (const char* bad : {"Work.bmp", "Zeta.bmp"}) std::ofstream(folder / bad) << "not a bitmap";
+  CurrentSettings().path = L"\\Program Files\\Velmo\\velmo.exe";
+  std::vector<std::wstring> seen(3);
+  Command(res::kCmdReloadIcons);
+  for (std::wstring& s : seen) {
+    Look(&s);
+    Key(VK_RETURN);
+  }
+  Key(VK_ESCAPE);
+  std::wstring result;
+  RunCategoriesDialog(window_, kCategoriesForFilter, CategoriesOpener::kOther, L"", &result);
+  CurrentSettings().path.clear();
+  DestroyCategoryImages();
+  // The welcome task has no categories, so No Category is shown and looked for first.
+  EXPECT_TRUE(Has(seen[0], L"File not found:") && Has(seen[0], L"~NoCategory.bmp")) << seen[0];
+  EXPECT_TRUE(Has(seen[1], L"Bad File:") && Has(seen[1], L"Work.bmp")) << seen[1];
+  EXPECT_TRUE(Has(seen[2], L"Categories [0/3]")) << "no third message\n" << seen[2];
+  for (const std::wstring& s : seen) EXPECT_FALSE(Has(s, L"Home.bmp") || Has(s, L"Zeta")) << s;
 }
 
 // The editor's categories field opens the dialog on the action key; the quick
