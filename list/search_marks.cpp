@@ -26,9 +26,27 @@ std::wstring UpperCase(std::wstring_view text) {
 
 }  // namespace
 
+// The character as the case-insensitive search compares it: ASCII by table,
+// the rest by ICU.
+wchar_t Folded(wchar_t c) {
+  if (c >= 0 && c < 0x80) return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - (L'a' - L'A')) : c;
+  const auto code = static_cast<UChar32>(c);
+  return code >= 0 && code <= 0x10FFFF ? static_cast<wchar_t>(u_toupper(code)) : c;
+}
+
 bool ContainsSearchText(std::wstring_view field, std::wstring_view text, bool case_sensitive) {
   if (case_sensitive) return field.find(text) != std::wstring_view::npos;
-  return UpperCase(field).find(UpperCase(text)) != std::wstring::npos;
+  if (text.empty()) return true;
+  // Compared in place, a character at a time: notes run to many kilobytes and
+  // an upper-case copy of each would cost more than the search.
+  const std::wstring needle = UpperCase(text);
+  for (size_t i = 0; i + needle.size() <= field.size(); ++i) {
+    if (Folded(field[i]) != needle[0]) continue;
+    size_t k = 1;
+    while (k < needle.size() && Folded(field[i + k]) == needle[k]) ++k;
+    if (k == needle.size()) return true;
+  }
+  return false;
 }
 
 DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Settings& s) {
@@ -42,7 +60,9 @@ DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Sett
 
 DWORD RecordSearchMarks(std::wstring_view subject, std::string_view ansi_notes) {
   if (CurrentView() != kViewSearch) return 0;
-  return SearchMarks(subject, FromWindows1252(NotesText(ansi_notes)), CurrentSettings());
+  const Settings& s = CurrentSettings();
+  // The notes are decoded only when they are searched.
+  return SearchMarks(subject, s.search_notes ? FromWindows1252(NotesText(ansi_notes)) : std::wstring(), s);
 }
 
 }  // namespace velmo
