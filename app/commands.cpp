@@ -12,6 +12,7 @@
 #include "app/menus.h"
 #include "app/notes_command.h"
 #include "app/search_command.h"
+#include "app/settings_pages.h"
 #include "app/shortcut_apps.h"
 #include "app/task_changes.h"
 #include "app/task_commands.h"
@@ -207,6 +208,8 @@ void SendTask(UINT command, LPARAM) {
   if (command == cmd::kSaveToFile) SaveTaskAs(oid); else MailTask(oid);
 }
 
+void SettingsPage(UINT command, LPARAM) { ShowSettingsPage(command, MainWindow().window); }
+
 void ToggleCompact(UINT, LPARAM) {
   ToggleCompactList();
   if (MainWindow().list) ListView_SetRowHeight(MainWindow().list, ListRowLines());
@@ -233,8 +236,8 @@ constexpr CommandRange kCommands[] = {
     {cmd::kNotes, cmd::kNotes, OnSelectedTask},
     {cmd::kNextTask, cmd::kPreviousTask, Navigate},
     {cmd::kReload, cmd::kReload, Reload},
-    {cmd::kSettingsOptions, cmd::kSettingsMyText, NoDialogYet},
-    {cmd::kSettingsReset, cmd::kSettingsReset, NoDialogYet},
+    {cmd::kSettingsOptions, cmd::kSettingsMyText, SettingsPage},
+    {cmd::kSettingsReset, cmd::kSettingsReset, SettingsPage},
     {cmd::kExit, cmd::kExit, Exit},
     {cmd::kSaveToFile, cmd::kSendMessaging, SendTask},
     {cmd::kBeamTask, cmd::kBeamAll, NoDialogYet},

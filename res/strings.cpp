@@ -31,6 +31,7 @@ constexpr Entry kTable[] = {
 #include "res/strings_ui.inc"
 #include "res/strings_views.inc"
 #include "res/strings_notes.inc"
+#include "res/strings_settings_pages.inc"
 };
 
 using Table = std::unordered_map<UINT, std::wstring>;

@@ -183,6 +183,10 @@ enum ResetEffect : DWORD {
 };
 constexpr UINT kCommandApplyDefaultView = 40047;
 
+// Gives the ticked groups their defaults again, without saving; returns the
+// ResetEffect bits to apply.
+DWORD ResetGroups(DWORD groups, Settings& s);
+
 // Gives the ticked groups their defaults again and saves the block with flush.
 // effects (optional) receives the ResetEffect bits to apply. Returns the save's
 // registry result.

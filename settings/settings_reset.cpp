@@ -31,7 +31,7 @@ int FillEmptyTexts(Settings& s) {
   return 1;
 }
 
-LONG ResetSettings(DWORD groups, DWORD* effects, Settings& s) {
+DWORD ResetGroups(DWORD groups, Settings& s) {
   const Settings defaults;
   const LONG old_delta = s.reminder_delta;
   for (const settings_table::Entry& e : settings_table::Entries())
@@ -45,6 +45,11 @@ LONG ResetSettings(DWORD groups, DWORD* effects, Settings& s) {
   for (const GroupEffect& g : kGroupEffects)
     if (groups & g.group) applied |= g.effect;
   if (s.reminder_delta != old_delta) applied |= kEffectReloadTasks;
+  return applied;
+}
+
+LONG ResetSettings(DWORD groups, DWORD* effects, Settings& s) {
+  const DWORD applied = ResetGroups(groups, s);
   if (effects) *effects = applied;
   return SaveSettings(s, true);
 }
