@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "app/beam_command.h"
+
 #include "app/category_commands.h"
 #include "app/delete_commands.h"
 #include "app/due_date_command.h"
@@ -202,6 +204,8 @@ void ChangeCategories(UINT, LPARAM) {
   }
 }
 
+void Beam(UINT command, LPARAM) { BeamTasks(command); }
+
 void SendTask(UINT command, LPARAM) {
   const CEOID oid = SelectedOid();
   if (!oid) return;
@@ -240,7 +244,7 @@ constexpr CommandRange kCommands[] = {
     {cmd::kSettingsReset, cmd::kSettingsReset, SettingsPage},
     {cmd::kExit, cmd::kExit, Exit},
     {cmd::kSaveToFile, cmd::kSendMessaging, SendTask},
-    {cmd::kBeamTask, cmd::kBeamAll, NoDialogYet},
+    {cmd::kBeamTask, cmd::kBeamAll, Beam},
     {cmd::kDeleteCompleted, cmd::kDeleteDisplayed, DeleteMany},
     {kCmdViewAllCategories, kCmdSetAsDefault, ViewCommand},
     {kViewAllTasks, kViewUndated, ViewCommand},

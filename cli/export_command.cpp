@@ -17,6 +17,7 @@
 #include "store/connection.h"
 #include "store/record_reader.h"
 #include "sync/bridge_plan.h"
+#include "sync/calendar_export.h"
 #include "sync/folder_files.h"
 #include "sync/task_records.h"
 #include "sync/todo.h"
@@ -28,30 +29,11 @@ constexpr const char* kUsage =
     "usage: velmo export [--view VIEW] FILE.ics\n"
     "VIEW: all, overdue, active, completed, today, next, future, undated\n";
 
-struct FreeComponent {
-  void operator()(icalcomponent* c) const { icalcomponent_free(c); }
-};
-using Component = std::unique_ptr<icalcomponent, FreeComponent>;
-
 // Whether a record is in the view (0: every task).
 bool InView(UINT view, CEOID oid) {
   if (view == 0) return true;
   Task task;
   return ReadTaskRecord(&task, oid) && BelongsToView(task, kNoDate, view);
-}
-
-// The task's VTODO as its file would hold it, added to the calendar.
-void AddTask(const sync::SyncRecord& r, icalcomponent* calendar) {
-  const std::string uid = r.uid.empty() ? sync::NewUid() : r.uid;
-  sync::Todo kept;
-  std::string error;
-  const bool has_kept = !r.kept.empty() && sync::ReadTodo(r.kept, &kept, &error);
-  const std::string text = sync::WriteTodo(has_kept ? r.kept : "", kept.values, r.values, uid);
-  Component file(icalparser_parse_string(text.c_str()));
-  if (!file) return;
-  for (icalcomponent* c = icalcomponent_get_first_component(file.get(), ICAL_ANY_COMPONENT); c;
-       c = icalcomponent_get_next_component(file.get(), ICAL_ANY_COMPONENT))
-    icalcomponent_add_component(calendar, icalcomponent_new_clone(c));
 }
 
 }  // namespace
@@ -75,22 +57,17 @@ int RunExport(int argc, char** argv) {
   InitListState(CurrentSettings());
   std::vector<sync::SyncRecord> records;
   const bool read = sync::ReadAllSyncRecords(Store().tasks_db, &records);
-  Component calendar(icalcomponent_new_vcalendar());
-  icalcomponent_add_property(calendar.get(), icalproperty_new_version("2.0"));
-  icalcomponent_add_property(calendar.get(), icalproperty_new_prodid("-//Velmo//Velmo ToDo List//EN"));
-  int count = 0;
-  for (const sync::SyncRecord& r : records) {
-    if (!InView(view, r.oid)) continue;
-    AddTask(r, calendar.get());
-    ++count;
-  }
+  std::vector<sync::SyncRecord> shown;
+  for (sync::SyncRecord& r : records)
+    if (InView(view, r.oid)) shown.push_back(std::move(r));
+  const int count = static_cast<int>(shown.size());
   CloseDeviceStore();
   if (!read) return std::fputs("velmo export: the tasks database cannot be read\n", stderr), 1;
   const std::filesystem::path path = std::filesystem::absolute(file);
   std::string error;
   sync::FileStamp stamp;
   if (!sync::WriteTaskFile(path.parent_path(), path.filename().string(),
-                           icalcomponent_as_ical_string(calendar.get()), &stamp, &error))
+                           sync::CalendarOfRecords(shown), &stamp, &error))
     return std::fprintf(stderr, "velmo export: %s\n", error.c_str()), 1;
   std::printf("%d task(s) exported to %s\n", count, path.c_str());
   return 0;

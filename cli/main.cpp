@@ -54,6 +54,9 @@ constexpr Subcommand kSubcommands[] = {
     {"contacts", "contacts import DIR|FILE.vcf | contacts list   the device's address book, filled\n"
                  "      from vCard files (a card already there by its UID is replaced)",
      velmo::cli::RunContacts},
+    {"beam", "beam --to ADDRESS FILE                   send a file to a paired Bluetooth device\n"
+             "      (object push through BlueZ); waits for the transfer's end",
+     velmo::cli::RunBeam},
 };
 
 void PrintHelp(std::FILE* out) {

@@ -25,5 +25,6 @@ int RunSync(int argc, char** argv);
 int RunExport(int argc, char** argv);
 int RunImport(int argc, char** argv);
 int RunContacts(int argc, char** argv);
+int RunBeam(int argc, char** argv);
 
 }  // namespace velmo::cli

@@ -45,7 +45,15 @@ bool Load(SdBusLibrary* p) {
          Find(lib, "sd_bus_message_read_strv", &p->message_read_strv) &&
          Find(lib, "sd_bus_message_unref", &p->message_unref) &&
          Find(lib, "sd_bus_error_is_set", &p->error_is_set) &&
-         Find(lib, "sd_bus_error_free", &p->error_free);
+         Find(lib, "sd_bus_error_free", &p->error_free) &&
+         Find(lib, "sd_bus_open_system", &p->open_system) &&
+         Find(lib, "sd_bus_message_enter_container", &p->message_enter_container) &&
+         Find(lib, "sd_bus_message_exit_container", &p->message_exit_container) &&
+         Find(lib, "sd_bus_message_skip", &p->message_skip) &&
+         Find(lib, "sd_bus_message_peek_type", &p->message_peek_type) &&
+         Find(lib, "sd_bus_message_open_container", &p->message_open_container) &&
+         Find(lib, "sd_bus_message_close_container", &p->message_close_container) &&
+         Find(lib, "sd_bus_set_method_call_timeout", &p->set_method_call_timeout);
 }
 
 }  // namespace

@@ -28,6 +28,14 @@ struct SdBusLibrary {
   decltype(&sd_bus_message_unref) message_unref;
   decltype(&sd_bus_error_is_set) error_is_set;
   decltype(&sd_bus_error_free) error_free;
+  decltype(&sd_bus_open_system) open_system;
+  decltype(&sd_bus_message_enter_container) message_enter_container;
+  decltype(&sd_bus_message_exit_container) message_exit_container;
+  decltype(&sd_bus_message_skip) message_skip;
+  decltype(&sd_bus_message_peek_type) message_peek_type;
+  decltype(&sd_bus_message_open_container) message_open_container;
+  decltype(&sd_bus_message_close_container) message_close_container;
+  decltype(&sd_bus_set_method_call_timeout) set_method_call_timeout;
 };
 
 // The library's functions, or null when it or one of them cannot be loaded

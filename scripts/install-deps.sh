@@ -10,6 +10,7 @@ packages=(
   sqlite3 hyperfine taskwarrior jq xdg-utils
   dpkg-dev lintian desktop-file-utils man-db groff-base zsh bash-completion
   radicale vdirsyncer todoman
+  python3-dbusmock
 )
 missing=()
 for p in "${packages[@]}"; do

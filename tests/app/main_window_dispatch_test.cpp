@@ -63,15 +63,6 @@ TEST_F(DispatchTest, SelectionSurvivesARebuildThatKeepsItsTask) {
   EXPECT_FALSE(app::RunCommand(12345, 0)) << "not a command of the main window";
 }
 
-TEST_F(DispatchTest, CommandsWithoutTheirDialogsYetChangeNothing) {
-  const std::wstring before = screen_.Text();
-  for (UINT command : {cmd::kBeamAll}) {
-    EXPECT_TRUE(app::RunCommand(command, 0)) << command;
-  }
-  Pump();
-  EXPECT_EQ(screen_.Text(), before);
-}
-
 TEST_F(DispatchTest, SmallTerminalShowsANoticeUntilItGrows) {
   screen_.Resize(20, 4);
   Pump();
