@@ -8,19 +8,17 @@
 #include "platform/notify_store.h"
 #include "store/connection.h"
 #include "store/record_reader.h"
-#include "store/task_finisher.h"
 #include "store/task_table.h"
 
 namespace velmo {
 namespace {
 
-// A plain load reads every record in place, in one statement, and fills each
-// task straight from the database's pages, finishing it here or handing it to
-// the finisher's second thread. A damaged record is skipped but counted, as in
-// the one-by-one read.
+// A plain load reads every record in place, in one statement, and fills and
+// finishes each task straight from the database's pages. A damaged record is
+// skipped but counted, as in the one-by-one read.
 class TableFiller : public cedb::RecordVisitor {
  public:
-  TableFiller(TaskFinisher* finisher, CategoryUseMarking* marking) : finisher_(finisher), marking_(marking) {}
+  explicit TableFiller(CategoryUseMarking* marking) : marking_(marking) {}
 
   void Visit(const cedb::InPlaceRecord& record) override {
     std::unique_ptr<Task> task = NewTableTask();
@@ -29,29 +27,18 @@ class TableFiller : public cedb::RecordVisitor {
       ReturnTableTask(std::move(task));
       return;
     }
-    if (finisher_) {
-      finisher_->Add(task.get(), texts);
-    } else {
-      FinishTaskCopyingNotes(task.get(), texts, &Store().notes_copy);
-      if (marking_) marking_->Mark(*task);
-    }
+    FinishTaskCopyingNotes(task.get(), texts, &Store().notes_copy);
+    if (marking_) marking_->Mark(*task);
     Tasks().push_back(std::move(task));
   }
 
  private:
-  TaskFinisher* finisher_;
   CategoryUseMarking* marking_;
 };
 
-// The second thread takes part only in a reload whose tasks all come from the
-// last table: a first load makes every task and its texts anew, and on the
-// second thread those allocations would grow that thread's heap a page at a
-// time, a system call each, costing more than the thread saves.
 void ReadPlainRecords(size_t count, CategoryUseMarking* marking) {
-  TaskFinisher* finisher = SpareTaskCount() >= count ? &StartFinishing(count, marking) : nullptr;
-  TableFiller filler(finisher, marking);
+  TableFiller filler(marking);
   cedb::VisitRecordsInPlace(Store().tasks_db, count, &filler);
-  if (finisher) finisher->Close();
 }
 
 }  // namespace

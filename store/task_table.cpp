@@ -38,8 +38,6 @@ std::unique_ptr<Task> NewTableTask() {
 
 void ReturnTableTask(std::unique_ptr<Task> task) { SpareTasks().push_back(std::move(task)); }
 
-size_t SpareTaskCount() { return SpareTasks().size(); }
-
 BOOL ReadTask(Task* entry, CEOID oid, bool check_reminder) {
   ReadContext context;
   if (entry) context = {true, entry->reminder_time, entry->pending_reminder_time};

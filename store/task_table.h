@@ -14,8 +14,6 @@ TaskTable& Tasks();
 std::unique_ptr<Task> NewTableTask();
 // Keeps a task record that did not go into the table for the next NewTableTask.
 void ReturnTableTask(std::unique_ptr<Task> task);
-// How many task records NewTableTask can give before it makes new ones.
-size_t SpareTaskCount();
 
 // Reads record `oid` (0: the one at the position) into `entry`, or when entry is
 // null into a new task appended to the table. With check_reminder the reminder
