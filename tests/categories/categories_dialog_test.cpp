@@ -20,6 +20,7 @@
 #include "platform/ui/dialog.h"
 #include "platform/ui/virtual_keys.h"
 #include "res/command_ids.h"
+#include "store/contacts_db.h"
 #include "res/dialogs_categories.h"
 #include "res/dialogs_editor.h"
 #include "store/connection.h"
@@ -167,6 +168,39 @@ TEST_F(CategoriesDialogTest, AnOverlongInitialTextBeepsPastTheLimit) {
   EXPECT_EQ(platform::BeepCount() - beeps, 17u);
   EXPECT_EQ(title, L"Categories [1/1]") << seen;
   EXPECT_EQ(result, L"n0");
+}
+
+// "Show All Categories" brings in the contacts' categories and offers every
+// category but No Category, keeping the ticks; "New Category..." takes at most
+// 99 characters.
+TEST_F(CategoriesDialogTest, ShowAllOffersTheContactsCategoriesAndKeepsTheTicks) {
+  const CEOID oid = Add(L"Report", L"Work");
+  Contact anna;
+  anna.name = L"Anna";
+  anna.categories = L"Friends, Book club";
+  size_t added = 0, replaced = 0;
+  ASSERT_TRUE(cedb::EnsureDeviceVolume());  // the contacts database as a first start makes it
+  ASSERT_TRUE(WriteContacts({anna}, &added, &replaced)) << cedb::LastFailure();
+  std::wstring before, after, title;
+  Look(&before);
+  Command(res::kCmdShowAllCategories);
+  Look(&after);
+  LookTitle(&title);
+  Command(res::kCmdNewCategory);
+  const std::wstring long_name(120, L'z');  // outlives the steps
+  Text(long_name.c_str());
+  Key(VK_RETURN);
+  Key(VK_ESCAPE);
+  SelectTask(oid);
+  app::SendCommand(cmd::kChangeCategories);
+  Pump();
+  EXPECT_FALSE(Has(before, L"Friends")) << before;
+  EXPECT_TRUE(Has(after, L"Friends") && Has(after, L"Book club")) << after;
+  EXPECT_FALSE(Has(after, L"No Category")) << after;
+  EXPECT_EQ(title, L"Categories [1/3]");
+  EXPECT_GE(FindCategory(CategoryCatalogue(), std::wstring(99, L'z')), 0);
+  EXPECT_EQ(FindCategory(CategoryCatalogue(), std::wstring(100, L'z')), -1);
+  EXPECT_EQ(CategoriesOf(oid), L"Work") << "Cancel keeps the task's categories";
 }
 
 // "Reload Icons" reports for the categories the list shows, at most one "not
