@@ -24,8 +24,6 @@ std::wstring UpperCase(std::wstring_view text) {
   return upper;
 }
 
-}  // namespace
-
 // The character as the case-insensitive search compares it: ASCII by table,
 // the rest by ICU.
 wchar_t Folded(wchar_t c) {
@@ -34,19 +32,50 @@ wchar_t Folded(wchar_t c) {
   return code >= 0 && code <= 0x10FFFF ? static_cast<wchar_t>(u_toupper(code)) : c;
 }
 
-bool ContainsSearchText(std::wstring_view field, std::wstring_view text, bool case_sensitive) {
-  if (case_sensitive) return field.find(text) != std::wstring_view::npos;
-  if (text.empty()) return true;
-  // Compared in place, a character at a time: notes run to many kilobytes and
-  // an upper-case copy of each would cost more than the search.
-  const std::wstring needle = UpperCase(text);
-  for (size_t i = 0; i + needle.size() <= field.size(); ++i) {
-    if (Folded(field[i]) != needle[0]) continue;
+// Whether `needle` occurs in the `length` characters that at(i) gives. Notes
+// run to many kilobytes: comparing in place spares a converted copy of each.
+template <typename At>
+bool Occurs(size_t length, const At& at, std::wstring_view needle) {
+  if (needle.empty()) return true;
+  for (size_t i = 0; i + needle.size() <= length; ++i) {
+    if (at(i) != needle[0]) continue;
     size_t k = 1;
-    while (k < needle.size() && Folded(field[i + k]) == needle[k]) ++k;
+    while (k < needle.size() && at(i + k) == needle[k]) ++k;
     if (k == needle.size()) return true;
   }
   return false;
+}
+
+// Each Windows-1252 byte as the character it stands for, and folded.
+struct AnsiTables {
+  wchar_t plain[256];
+  wchar_t folded[256];
+};
+
+const AnsiTables& Ansi() {
+  static const AnsiTables tables = [] {
+    AnsiTables t{};
+    for (int b = 0; b < 256; ++b) {
+      t.plain[b] = Windows1252Char(static_cast<unsigned char>(b));
+      t.folded[b] = Folded(t.plain[b]);
+    }
+    return t;
+  }();
+  return tables;
+}
+
+// The search in the notes as stored, one character per byte.
+bool AnsiContainsSearchText(std::string_view ansi, std::wstring_view text, bool case_sensitive) {
+  const wchar_t* map = case_sensitive ? Ansi().plain : Ansi().folded;
+  const std::wstring needle = case_sensitive ? std::wstring(text) : UpperCase(text);
+  return Occurs(ansi.size(), [&](size_t i) { return map[static_cast<unsigned char>(ansi[i])]; }, needle);
+}
+
+}  // namespace
+
+bool ContainsSearchText(std::wstring_view field, std::wstring_view text, bool case_sensitive) {
+  if (case_sensitive) return field.find(text) != std::wstring_view::npos;
+  return Occurs(field.size(), [&](size_t i) { return Folded(field[i]); }, UpperCase(text));
 }
 
 DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Settings& s) {
@@ -61,8 +90,12 @@ DWORD SearchMarks(std::wstring_view subject, std::wstring_view notes, const Sett
 DWORD RecordSearchMarks(std::wstring_view subject, std::string_view ansi_notes) {
   if (CurrentView() != kViewSearch) return 0;
   const Settings& s = CurrentSettings();
-  // The notes are decoded only when they are searched.
-  return SearchMarks(subject, s.search_notes ? FromWindows1252(NotesText(ansi_notes)) : std::wstring(), s);
+  DWORD marks = 0;
+  if (s.search_notes && AnsiContainsSearchText(NotesText(ansi_notes), s.search, s.search_case_sensitive))
+    marks |= kSearchMatchNotes;
+  if (s.search_subjects && ContainsSearchText(subject, s.search, s.search_case_sensitive))
+    marks |= kSearchMatchSubject;
+  return marks;
 }
 
 }  // namespace velmo

@@ -54,5 +54,22 @@ TEST_F(SearchMarksTest, MarksBySwitchesAndOnlyInTheSearchView) {
   EXPECT_EQ(kSearchMatchNotes | kSearchMatchSubject, SearchMarks(L"call", L"call", CurrentSettings()));
 }
 
+// The notes are searched as stored, one Windows-1252 byte per character, up
+// to their first zero byte.
+TEST_F(SearchMarksTest, NotesAreSearchedInTheirCodePage) {
+  using namespace std::literals;
+  struct Case { const wchar_t* text; bool sensitive; std::string_view notes; bool found; } const cases[] = {
+      {L"CAFÉ", false, "a caf\xe9 au lait"sv, true},  {L"CAFÉ", true, "a caf\xe9 au lait"sv, false},
+      {L"€5", true, "costs \x80" "5"sv, true},        {L"ŒUF", false, "\x9c" "uf"sv, true},
+      {L"after", false, "before\0after"sv, false},    {L"\uFFFD", false, "\xef\xbf\xbd"sv, false},
+      {L"%*", true, "100%* sure"sv, true},              {L"%*", true, "100% * sure"sv, false},
+  };
+  for (const Case& c : cases) {
+    ApplySearch({c.text, false, true, c.sensitive});
+    EXPECT_EQ(c.found ? kSearchMatchNotes : 0u, RecordSearchMarks(L"subject", c.notes))
+        << ::testing::PrintToString(std::wstring(c.text));
+  }
+}
+
 }  // namespace
 }  // namespace velmo
