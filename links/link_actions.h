@@ -47,7 +47,8 @@ bool FirstEmail(const LinkTask& task, EmailAddress* found);
 bool FirstWebAddress(const LinkTask& task, std::wstring* found);
 
 // Carries out 40118, 40165, 40119, 40120 or 40121 on the task; the phone
-// commands do nothing without a number or a phone.
+// commands do nothing without a number or a phone, and 40121 then goes on to
+// the task's e-mail address or web address.
 void RunLinkCommand(HWND owner, UINT command, const LinkTask& task);
 
 }  // namespace velmo

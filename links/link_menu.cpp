@@ -25,24 +25,25 @@ std::wstring PhoneItem(UINT text_id, const std::wstring& number) {
 
 int AddLinkItems(HMENU menu, const LinkTask& task) {
   int inserted = 0;
+  auto top = [&](UINT id, const std::wstring& text) {
+    // The first item inserted gets the separator under it.
+    if (inserted == 0) {
+      InsertSeparator(menu);
+      ++inserted;
+    }
+    InsertTop(menu, id, text);
+    ++inserted;
+  };
   std::wstring web;
   if (FirstWebAddress(task, &web)) {
     CutTrailingPunctuation(&web);
-    InsertSeparator(menu);
-    InsertTop(menu, kCmdWebLink, web);
-    inserted += 2;
+    top(kCmdWebLink, web);
   }
   EmailAddress address;
-  if (FirstEmail(task, &address)) {
-    if (inserted == 0) InsertSeparator(menu), ++inserted;
-    InsertTop(menu, kCmdMailLink, address.Text());
-    ++inserted;
-  }
+  if (FirstEmail(task, &address)) top(kCmdMailLink, address.Text());
   if (!task.phone_number.empty() && PhoneLibraryPresent()) {
-    if (inserted == 0) InsertSeparator(menu), ++inserted;
-    InsertTop(menu, kCmdTextMessage, PhoneItem(kTextMessage, task.phone_number));
-    InsertTop(menu, kCmdDial, PhoneItem(kTextDial, task.phone_number));
-    inserted += 2;
+    top(kCmdTextMessage, PhoneItem(kTextMessage, task.phone_number));
+    top(kCmdDial, PhoneItem(kTextDial, task.phone_number));
   }
   return inserted;
 }
