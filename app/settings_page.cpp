@@ -20,6 +20,8 @@ namespace {
 constexpr UINT kDoneText = 40689;    // "Done"
 constexpr UINT kCancelText = 40690;  // "Cancel"
 constexpr LONG kLastMinuteOfDay = 24 * 60 - 1;
+// The "Done" soft key's command: unlike the action key (IDOK), never taken by a field.
+constexpr UINT kCmdDone = 0x7F00;
 
 LONG Stored(const PageField& f, const Settings& s) {
   if (f.signed_dword) return s.*f.signed_dword;
@@ -137,7 +139,7 @@ void InitPage(HWND page, PageState& state) {
   }
   if (state.def->hooks.init) state.def->hooks.init(page, state);
   const std::wstring done = res::Text(kDoneText), cancel = res::Text(kCancelText);
-  SOFTKEY left{done.c_str(), IDOK, nullptr};
+  SOFTKEY left{done.c_str(), kCmdDone, nullptr};
   SOFTKEY right{cancel.c_str(), IDCANCEL, nullptr};
   CreateSoftKeyBar(page, &left, &right);
   if (HWND first = GetNextDlgTabItem(page, nullptr, FALSE)) SetFocus(first);
@@ -169,7 +171,11 @@ INT_PTR PageProc(HWND page, UINT msg, WPARAM wparam, LPARAM lparam) {
       return FALSE;
     case WM_COMMAND:
       if (!state) return FALSE;
-      if (LOWORD(wparam) == IDOK) {
+      if (LOWORD(wparam) == IDOK && state->def->hooks.action &&
+          state->def->hooks.action(page, *state, GetDlgCtrlID(GetFocus()))) {
+        return TRUE;
+      }
+      if (LOWORD(wparam) == IDOK || LOWORD(wparam) == kCmdDone) {
         ReadPage(page, *state);
         EndDialog(page, IDOK);
       } else if (LOWORD(wparam) == IDCANCEL) {

@@ -47,6 +47,9 @@ struct PageHooks {
   bool (*changed)(HWND page, PageState& state, int id) = nullptr;
   // Writes the page's own controls into state.edited on "Done".
   void (*done)(HWND page, PageState& state) = nullptr;
+  // The action key on the focused control `id`; true when it opened something
+  // there (otherwise the action key is "Done").
+  bool (*action)(HWND page, PageState& state, int id) = nullptr;
 };
 
 struct PageDef {

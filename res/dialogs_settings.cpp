@@ -19,7 +19,6 @@ constexpr DWORD kSpin = UDS_AUTOBUDDY | UDS_ARROWKEYS | UDS_WRAP;
 constexpr DWORD kNumber = WS_TABSTOP | ES_NUMBER;
 constexpr DWORD kNumberSpin = UDS_AUTOBUDDY | UDS_ARROWKEYS | UDS_SETBUDDYINT;
 constexpr DWORD kTime = WS_TABSTOP | DTS_TIMEFORMAT;
-constexpr DWORD kText = WS_TABSTOP | ES_AUTOHSCROLL;
 constexpr int kNoId = -1;
 
 // Page titles are the menu texts of their commands.
@@ -69,8 +68,9 @@ constexpr DialogItemDef kViewsItems[] = {
 #undef VELMO_SORT_ROW
 
 constexpr DialogItemDef kNewTasksItems[] = {
-    {WC_STATICW, 44730, kNoId, 0, 0, 0, 0, 1},  // "Categories:"
-    {WC_EDITW, 0, kCategoriesForNew, kText, 0, 1, 0, 1},
+    {WC_STATICW, 44730, kNoId, 0, 0, 0, 14, 1},  // "Categories:"; the action key opens the dialog
+    {WC_LISTBOXW, 0, kCategoriesForNew, kList, 15, 0, 40, 1},
+    {UPDOWN_CLASSW, 0, kCategoriesForNew + 1, kSpin, 0, 0, 1, 1},
     {WC_STATICW, 44731, kNoId, 0, 0, 2, 14, 1},  // "Priority:"
     {WC_LISTBOXW, 0, kImportanceForNew, kList, 15, 2, 10, 1},
     {UPDOWN_CLASSW, 0, kImportanceForNew + 1, kSpin, 0, 0, 1, 1},

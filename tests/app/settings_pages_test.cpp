@@ -73,8 +73,8 @@ const Case kCases[] = {
     {"SortOfUnknownKeys", app::ShowViewsPage, [](Settings& s) { s.sort[0][0] = {77, 9}; }, {},
      [](Settings& s) { s.sort[0][0] = {77, 9}; }, L"◂Categories     ▸ ◂Ascending (none last)"},
     // New Tasks
-    {"CategoriesForNew", app::ShowNewTasksPage, Nothing, {'W', 'O', 'R', 'K'},
-     [](Settings& s) { s.categories_for_new = L"WORK"; }},
+    {"CategoriesForNew", app::ShowNewTasksPage, [](Settings& s) { s.categories_for_new = L"Work,Home"; },
+     {}, [](Settings& s) { s.categories_for_new = L"Work,Home"; }, L"Categories:   ◂Home"},
     {"ImportanceForNew", app::ShowNewTasksPage, Nothing, {D, R}, [](Settings& s) { s.importance_for_new = 2; }},
     {"SensitivityForNew", app::ShowNewTasksPage, Nothing, {D, D, R}, [](Settings& s) { s.sensitivity_for_new = 1; }},
     {"TeamTaskForNew", app::ShowNewTasksPage, Nothing, {D, D, D, S}, [](Settings& s) { s.team_task_for_new = 1; }},
@@ -141,7 +141,7 @@ TEST_P(SettingsPagesTest, TheChosenValueAndNothingElseReachesTheRegistry) {
 
   screen_.AddIdleStep([&] {
     if (c.shown) {
-      EXPECT_TRUE(screen_.Contains(c.shown)) << c.shown;
+      EXPECT_TRUE(screen_.Contains(c.shown)) << screen_.Text();
     }
     for (UINT key : c.keys) {
       if (key >= '0' && key <= 'Z') {
