@@ -8,6 +8,7 @@
 #include "app/main_window_state.h"
 #include "app/main_loop.h"
 #include "app/menus.h"
+#include "app/notes_pane.h"
 #include "app/shortcut_hotkeys.h"
 #include "app/shortcut_keys.h"
 #include "app/startup.h"
@@ -18,6 +19,7 @@
 #include "list/draw_background.h"
 #include "list/draw_row.h"
 #include "list/list_state.h"
+#include "list/sort_rows.h"
 #include "app/entry_box.h"
 #include "list/view_ids.h"
 #include "platform/lasterror.h"
@@ -45,13 +47,20 @@ constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL 
 
 bool HasEntryBox() { return MainWindow().entry != nullptr; }
 
-// The entry box takes the first line when there is one; the list the rest.
+// The entry box takes the first line when there is one, the notes pane the
+// last lines when it is on; the list the rest.
 void Layout(HWND hwnd) {
   RECT client{};
   GetClientRect(hwnd, &client);
   const int entry_lines = HasEntryBox() ? 1 : 0;
   if (HasEntryBox()) MoveWindow(MainWindow().entry, 0, 0, client.right, 1, TRUE);
-  MoveWindow(MainWindow().list, 0, entry_lines, client.right, client.bottom - entry_lines, TRUE);
+  const int rest = client.bottom - entry_lines;
+  const int pane_lines = MainWindow().notes ? NotesPaneLines(rest) : 0;
+  MoveWindow(MainWindow().list, 0, entry_lines, client.right, rest - pane_lines, TRUE);
+  if (HWND pane = MainWindow().notes) {
+    MoveWindow(pane, 0, client.bottom - pane_lines, client.right, pane_lines, TRUE);
+    ShowWindow(pane, pane_lines > 0 ? SW_SHOW : SW_HIDE);
+  }
 }
 
 LRESULT OnCreate(HWND hwnd) {
@@ -71,6 +80,7 @@ LRESULT OnCreate(HWND hwnd) {
   InstallListBackground(w.list);
   if (CurrentSettings().quick_entry == 1)
     w.entry = CreateEntryBox(hwnd, kEntryControlId, w.list, RECT{0, 0, client.right, 1});
+  w.notes = CreateNotesPane(hwnd);
   Layout(hwnd);
   CreateMainMenus();
   ShowListSoftKeys();
@@ -124,6 +134,7 @@ LRESULT OnNotify(const NMHDR* nm) {
       break;
     case LVN_ITEMCHANGED:
       UpdateListSoftKeys();
+      RefreshNotesPane();
       break;
     default:
       break;
@@ -132,7 +143,8 @@ LRESULT OnNotify(const NMHDR* nm) {
 }
 
 void OnHotKey(WPARAM id, LPARAM lparam) {
-  const ShortcutContext context{InEntryMode(), CurrentListState().at_default};
+  const ShortcutContext context{InEntryMode(), CurrentListState().at_default,
+                                SortByCommandToRestore()};
   const ShortcutOutcome outcome = HandleHotKeyMessage(id, lparam, context);
   switch (outcome.kind) {
     case ShortcutKind::kCommand:
@@ -157,6 +169,7 @@ void OnRebuild() {
   RebuildList();
   if (w.select_after_rebuild) SelectTaskRow(w.select_after_rebuild);
   w.select_after_rebuild = 0;
+  RefreshNotesPane();
   UpdateListSoftKeys();
   UpdateTodaySign();
 }
@@ -227,6 +240,7 @@ LRESULT MainWindowProc(HWND hwnd, UINT msg, WPARAM wparam, LPARAM lparam) {
       return OnCopyData(reinterpret_cast<const COPYDATASTRUCT*>(lparam));
     case kMsgTaskWritten:
       if (wparam == kTaskWrittenCode) RereadTask(static_cast<CEOID>(lparam), true);
+      RefreshNotesPane();
       return 0;
     case kMsgOccurrenceDeferred:
       CompleteDeferredOccurrence(static_cast<CEOID>(wparam));

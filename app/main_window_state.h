@@ -29,6 +29,7 @@ struct MainWindowState {
   HWND window = nullptr;
   HWND list = nullptr;
   HWND entry = nullptr;       // the quick-entry box; null without one
+  HWND notes = nullptr;       // the notes preview pane under the list
   HMENU main_menu = nullptr;  // the right soft key's menu over the list
   HMENU quick_menu = nullptr; // the right soft key's menu in entry mode
   bool active = false;        // the main window is the active window

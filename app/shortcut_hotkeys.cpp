@@ -39,6 +39,8 @@ ShortcutOutcome BackKeyOutcome(const ShortcutContext& context, const ShortcutTab
       return Command(kCmdExit);
     case kBackKeyDefaultViewOrBack:
       if (!context.at_default_view) return Command(kCmdShowDefaultView);
+      // At the default view, a key chosen from "Sort by" goes back first.
+      if (context.restore_sort) return Command(context.restore_sort);
       return {ShortcutKind::kDefaultBack, 0};
     case kBackKeyDefaultViewOrExit:
       return Command(context.at_default_view ? kCmdExit : kCmdShowDefaultView);

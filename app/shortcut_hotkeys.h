@@ -38,6 +38,9 @@ struct ShortcutOutcome {
 struct ShortcutContext {
   bool in_quick_entry = false;   // the quick-entry field is in entry mode
   bool at_default_view = false;  // the list shows the default view and filter
+  // The "Sort by" command that brings back the primary key of the sort record
+  // in use after a "Sort by" choice replaced it; 0 when nothing is to restore.
+  UINT restore_sort = 0;
 };
 
 // A hot key pressed (key_up false) or released (key_up true): record and volume

@@ -74,7 +74,7 @@ TEST(ShortcutHotKeys, PressesOfRecordVolumeAndTalk) {
 
 TEST(ShortcutHotKeys, BackKeyOnReleaseByItsChoice) {
   using K = ShortcutKind;
-  struct Case { WORD choice; bool at_default; ShortcutOutcome outcome; } cases[] = {
+  struct Case { WORD choice; bool at_default; ShortcutOutcome outcome; UINT restore_sort = 0; } cases[] = {
       {kBackKeyBack, false, {K::kDefaultBack, 0}},     {kBackKeyBack, true, {K::kDefaultBack, 0}},
       {kBackKeyExit, false, {K::kCommand, kCmdExit}},  {kBackKeyExit, true, {K::kCommand, kCmdExit}},
       {kBackKeyDefaultViewOrBack, false, {K::kCommand, kCmdShowDefaultView}},
@@ -82,11 +82,15 @@ TEST(ShortcutHotKeys, BackKeyOnReleaseByItsChoice) {
       {kBackKeyDefaultViewOrExit, false, {K::kCommand, kCmdShowDefaultView}},
       {kBackKeyDefaultViewOrExit, true, {K::kCommand, kCmdExit}},
       {9, false, {K::kDefaultBack, 0}},  // a value outside the list
+      // A "Sort by" choice to undo: "Default View / Back" at the default view restores it.
+      {kBackKeyDefaultViewOrBack, true, {K::kCommand, 39954}, 39954},
+      {kBackKeyDefaultViewOrBack, false, {K::kCommand, kCmdShowDefaultView}, 39954},
+      {kBackKeyDefaultViewOrExit, true, {K::kCommand, kCmdExit}, 39954},
   };
   for (const Case& c : cases) {
     ShortcutTable b = kDefaultShortcuts;
     b[kSlotBackKey] = c.choice;
-    ShortcutContext context{false, c.at_default};
+    ShortcutContext context{false, c.at_default, c.restore_sort};
     EXPECT_EQ(HandleShortcutKey(VK_TBACK, true, context, b), c.outcome) << c.choice;
     EXPECT_EQ(HandleShortcutKey(VK_TBACK, false, context, b), ShortcutOutcome{});
     context.in_quick_entry = true;

@@ -1,7 +1,8 @@
 // The settings pages in a real terminal (tmux): "Show completed tasks" and
 // "Same sort for all views" change the list as soon as the Views page is
-// done, "Pending color:" recolours a task due today, and "Reset Settings"
-// undoes all of it.
+// done, "Pending color:" recolours a task due today, "Preview pane (Notes):"
+// shows the selected task's notes under the list, and "Reset Settings" undoes
+// all of it.
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <sys/stat.h>
@@ -80,8 +81,8 @@ class SettingsPagesEndToEndTest : public DeviceTest {
 };
 
 TEST_F(SettingsPagesEndToEndTest, ViewsAndAppearanceApplyAtOnceAndResetUndoesThem) {
-  Velmo("add 'Alpha errand' --due " + DateIn(0) + " --priority low");
-  Velmo("add 'Beta errand' --due " + DateIn(3) + " --priority high");
+  Velmo("add 'Alpha errand' --due " + DateIn(0) + " --priority low --notes 'Bring the receipt'");
+  Velmo("add 'Beta errand' --due " + DateIn(3) + " --priority high --notes 'Bring the receipt'");
   Velmo("add 'Old chore' --complete");
   TmuxSession tmux(VELMO_TODO_BIN, Env());
   ASSERT_TRUE(tmux.WaitFor("Old chore")) << tmux.Screen();
@@ -102,12 +103,19 @@ TEST_F(SettingsPagesEndToEndTest, ViewsAndAppearanceApplyAtOnceAndResetUndoesThe
   tmux.Keys({"Space", "F1"});
   ASSERT_TRUE(WaitForOrder(tmux, "Beta errand", "Alpha errand")) << tmux.Screen();
 
-  // Appearance: the task due today takes the new "Pending color:".
+  // Appearance: the task due today takes the new "Pending color:"; the
+  // notes pane shows the selected task's notes.
   ASSERT_TRUE(WaitForColour(tmux, "Alpha errand", kBlue)) << tmux.Screen(true);
+  EXPECT_EQ(tmux.Screen().find("Bring the receipt"), std::string::npos);
   tmux.Keys({"F2", "7", "5"});
   ASSERT_TRUE(tmux.WaitFor("Pending color:")) << tmux.Screen();
-  tmux.Keys({"Right", "F1"});
+  tmux.Keys({"Right"});
+  for (int i = 0; i < 7; ++i) tmux.Keys({"Down"});
+  tmux.Keys({"Right", "F1"});  // "Preview pane (Notes):" Small
   ASSERT_TRUE(WaitForColour(tmux, "Alpha errand", kFuchsia)) << tmux.Screen(true);
+  ASSERT_TRUE(tmux.WaitFor("Welcome to Velmo ToDo List!")) << tmux.Screen();  // selected
+  tmux.Keys({"Up"});  // onto "Beta errand", first by priority
+  ASSERT_TRUE(tmux.WaitFor("Bring the receipt")) << tmux.Screen();
 
   // Reset Settings, the Views and Appearance groups: all of it undone.
   tmux.Keys({"F2", "7", "8"});
@@ -115,6 +123,7 @@ TEST_F(SettingsPagesEndToEndTest, ViewsAndAppearanceApplyAtOnceAndResetUndoesThe
   tmux.Keys({"Down", "Space", "Down", "Down", "Down", "Space", "F1"});
   ASSERT_TRUE(WaitForOrder(tmux, "Alpha errand", "Beta errand")) << tmux.Screen();
   ASSERT_TRUE(WaitForColour(tmux, "Alpha errand", kBlue)) << tmux.Screen(true);
+  ASSERT_TRUE(WaitUntilGone(tmux, "Bring the receipt")) << tmux.Screen();
   tmux.Keys({"1"});
   ASSERT_TRUE(tmux.WaitFor("Old chore")) << tmux.Screen();
   EXPECT_NE(Velmo("reg export").find("\"ShowCompleted\"=dword:00000001"), std::string::npos);
