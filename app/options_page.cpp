@@ -1,10 +1,10 @@
-// The "Options" page: the input mode of text fields and the switches of the
-// task commands. The contact and call insertion modes and the call-history
-// subject are kept in the registry but not offered: nothing here inserts
-// contacts or calls.
+// The "Options" page: the input mode of text fields, how a contact is
+// inserted, and the switches of the task commands. The call insertion mode is
+// kept in the registry but not offered: the editor inserts no calls.
 #include "app/settings_page.h"
 #include "app/settings_pages.h"
 #include "res/dialogs_settings.h"
+#include "editor/contact_insert.h"
 #include "settings/input_modes.h"
 
 namespace velmo::app {
@@ -14,14 +14,20 @@ using namespace res::settings_id;
 using K = FieldKind;
 
 constexpr auto kInputModeNames = NameIds(kInputModes);
+constexpr UINT kContactModeNames[kContactInsertModeCount] = {
+    kFirstContactInsertModeText,     kFirstContactInsertModeText + 1, kFirstContactInsertModeText + 2,
+    kFirstContactInsertModeText + 3, kFirstContactInsertModeText + 4, kFirstContactInsertModeText + 5};
 
 const PageField kFields[] = {
     {kInputMode, K::kChoice, &Settings::input_mode, nullptr, nullptr, kInputModeNames},
+    {kContactInsertMode, K::kChoice, &Settings::contact_insert_mode, nullptr, nullptr,
+     kContactModeNames},
     {kDeleteConfirm, K::kCheck, &Settings::delete_confirm},
     {kRenameCopy, K::kCheck, &Settings::rename_copy},
     {kDelReminderOnComplete, K::kCheck, &Settings::del_reminder_on_complete},
     {kDatesInput, K::kCheck, &Settings::dates_input},
     {kExitMenu, K::kCheck, &Settings::exit_menu},
+    {kSubjectInCallLog, K::kCheck, &Settings::subject_in_call_log},
 };
 
 const PageDef kPage{res::kOptionsPage, kFields};

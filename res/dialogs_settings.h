@@ -11,11 +11,13 @@ namespace settings_id {
 enum : int {
   // Options
   kInputMode = 100,
+  kContactInsertMode = 102,
   kDeleteConfirm = 110,
   kRenameCopy,
   kDelReminderOnComplete,
   kDatesInput,
   kExitMenu,
+  kSubjectInCallLog,
   // Views
   kShowCompleted = 200,
   kUndatedInActive,

@@ -45,12 +45,15 @@ const Case kCases[] = {
     {"InputMode", app::ShowOptionsPage, Nothing, {R}, [](Settings& s) { s.input_mode = 2; }},
     {"InputModePastTable", app::ShowOptionsPage, [](Settings& s) { s.input_mode = 40; }, {},
      [](Settings& s) { s.input_mode = 40; }, L"◂Default mode"},
-    {"DeleteConfirm", app::ShowOptionsPage, Nothing, {D, S}, [](Settings& s) { s.delete_confirm = 0; }},
-    {"RenameCopy", app::ShowOptionsPage, Nothing, {D, D, S}, [](Settings& s) { s.rename_copy = 0; }},
-    {"DelReminderOnComplete", app::ShowOptionsPage, Nothing, {D, D, D, S},
+    {"ContactInsertMode", app::ShowOptionsPage, Nothing, {D, L}, [](Settings& s) { s.contact_insert_mode = 5; }},
+    {"DeleteConfirm", app::ShowOptionsPage, Nothing, {D, D, S}, [](Settings& s) { s.delete_confirm = 0; }},
+    {"RenameCopy", app::ShowOptionsPage, Nothing, {D, D, D, S}, [](Settings& s) { s.rename_copy = 0; }},
+    {"DelReminderOnComplete", app::ShowOptionsPage, Nothing, {D, D, D, D, S},
      [](Settings& s) { s.del_reminder_on_complete = 0; }},
-    {"DatesInput", app::ShowOptionsPage, Nothing, {D, D, D, D, S}, [](Settings& s) { s.dates_input = 0; }},
-    {"ExitMenu", app::ShowOptionsPage, Nothing, {D, D, D, D, D, S}, [](Settings& s) { s.exit_menu = 1; }},
+    {"DatesInput", app::ShowOptionsPage, Nothing, {D, D, D, D, D, S}, [](Settings& s) { s.dates_input = 0; }},
+    {"ExitMenu", app::ShowOptionsPage, Nothing, {D, D, D, D, D, D, S}, [](Settings& s) { s.exit_menu = 1; }},
+    {"SubjectInCallLog", app::ShowOptionsPage, Nothing, {D, D, D, D, D, D, D, S},
+     [](Settings& s) { s.subject_in_call_log = 1; }},
     // Views
     {"ShowCompleted", app::ShowViewsPage, Nothing, {S}, [](Settings& s) { s.show_completed = 0; }},
     {"UndatedInActive", app::ShowViewsPage, Nothing, {D, S}, [](Settings& s) { s.undated_in_active = 1; }},
@@ -130,6 +133,13 @@ class SettingsPagesTest : public testing::UiTest, public ::testing::WithParamInt
   HWND main_;
 };
 
+class SettingsPagesCancelTest : public testing::UiTest {
+ protected:
+  SettingsPagesCancelTest() : UiTest(80, 24) { main_ = MakeMain(L"Velmo ToDo List"); }
+  testing::TempRoot root_;
+  HWND main_;
+};
+
 TEST_P(SettingsPagesTest, TheChosenValueAndNothingElseReachesTheRegistry) {
   const Case& c = GetParam();
   CurrentSettings() = Settings{};
@@ -160,6 +170,25 @@ TEST_P(SettingsPagesTest, TheChosenValueAndNothingElseReachesTheRegistry) {
   EXPECT_EQ(after, Export());
   if (c.keys.empty()) {
     EXPECT_EQ(after, before);
+  }
+}
+
+// "Cancel" after changes on every page: neither the block nor the registry moves.
+TEST_F(SettingsPagesCancelTest, LeavesBlockAndRegistryAsTheyWere) {
+  for (Show show : {app::ShowOptionsPage, app::ShowViewsPage, app::ShowNewTasksPage,
+                    app::ShowActiveSyncPage, app::ShowAppearancePage, app::ShowMyTextPage,
+                    app::ShowResetPage}) {
+    CurrentSettings() = Settings{};
+    ASSERT_EQ(SaveSettings(), ERROR_SUCCESS);
+    const std::string before = Export();
+    screen_.AddIdleStep([&] {
+      for (UINT key : {VK_RIGHT, VK_SPACE, VK_DOWN, VK_RIGHT, VK_SPACE}) screen_.TypeKey(key);
+      screen_.TypeKey(VK_TSOFT2);
+    });
+    EXPECT_EQ(show(main_), IDCANCEL);
+    EXPECT_EQ(Export(), before);
+    ASSERT_EQ(SaveSettings(), ERROR_SUCCESS);
+    EXPECT_EQ(Export(), before) << "the block changed";
   }
 }
 
