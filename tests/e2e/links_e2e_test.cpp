@@ -56,6 +56,13 @@ TEST_F(LinksEndToEndTest, TalkKeyMailsTheAddressAndTheMenuListsTheLinksWithoutAP
                view = screen.find("3 View");
   EXPECT_TRUE(mail < web && web < view && view != std::string::npos) << screen;
   EXPECT_EQ(screen.find("Dial"), std::string::npos) << "no tel: handler, no phone items";
+
+  std::filesystem::remove(opened_);
+  tmux.Keys({"Up", "Enter", "2"});  // Send, "Messaging...": the task as a message
+  const std::string message = Recorded(opened_);
+  EXPECT_EQ(message.rfind("mailto:?subject=Call%20555-1234567%20or%20write%20to%20bob%40example.com", 0), 0u)
+      << message;
+  EXPECT_NE(message.find("&body=Call%20555-1234567"), std::string::npos) << message;
 }
 
 TEST_F(LinksEndToEndTest, WithATelHandlerThePhoneItemsComeFirstAndTheLinksViewActsOnItsChoice) {
