@@ -8,7 +8,10 @@
 #include "platform/ui/button.h"
 #include "platform/ui/date_picker.h"
 #include "platform/ui/dialog.h"
+#include "platform/registry.h"
 #include "platform/ui/edit.h"
+#include "platform/ui/message_box.h"
+#include "platform/wstr.h"
 #include "platform/ui/softkey_bar.h"
 #include "platform/ui/spinner.h"
 #include "platform/ui/window.h"
@@ -19,6 +22,8 @@ namespace {
 
 constexpr UINT kDoneText = 40689;    // "Done"
 constexpr UINT kCancelText = 40690;  // "Cancel"
+constexpr UINT kCaptionText = 121;   // "Velmo ToDo List"
+constexpr UINT kNotSavedText = 44798;  // "The settings could not be saved: %1 ..."
 constexpr LONG kLastMinuteOfDay = 24 * 60 - 1;
 // The "Done" soft key's command: unlike the action key (IDOK), never taken by a field.
 constexpr UINT kCmdDone = 0x7F00;
@@ -213,8 +218,15 @@ void EnableControl(HWND page, int id, bool enabled) {
 
 void CommitSettings(const Settings& before, const Settings& after) {
   CurrentSettings() = after;
-  SaveSettings(CurrentSettings(), true);
+  const LONG saved = SaveSettings(CurrentSettings(), true);
   ApplySettingsChange(before);
+  if (saved == ERROR_SUCCESS) return;
+  // They stay in force for this run; the user learns why they will not last.
+  std::wstring why = FromUtf8(registry::LastFailure());
+  if (why.empty()) why = L"error " + std::to_wstring(saved);
+  const std::wstring text = res::FormatId(kNotSavedText, {why});
+  const std::wstring caption = res::Text(kCaptionText);
+  MessageBoxW(GetActiveWindow(), text.c_str(), caption.c_str(), MB_OK | MB_ICONHAND);
 }
 
 INT_PTR RunSettingsPage(HWND owner, const PageDef& def, void* own) {
