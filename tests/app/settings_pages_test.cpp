@@ -192,6 +192,23 @@ TEST_F(SettingsPagesCancelTest, LeavesBlockAndRegistryAsTheyWere) {
   }
 }
 
+// The action key on the categories of new tasks opens the Categories dialog
+// over them; the soft key is "Done" wherever the focus is.
+TEST_F(SettingsPagesCancelTest, NewTasksCategoriesOpenTheCategoriesDialog) {
+  CurrentSettings() = Settings{};
+  CurrentSettings().categories_for_new = L"Work";
+  bool opened = false;
+  screen_.AddIdleStep([&] { screen_.TypeKey(VK_RETURN); });
+  screen_.AddIdleStep([&] {
+    opened = screen_.Contains(L"Categories [");
+    screen_.TypeKey(VK_ESCAPE);
+  });
+  screen_.AddIdleStep([&] { screen_.TypeKey(VK_TSOFT1); });
+  EXPECT_EQ(app::ShowNewTasksPage(main_), IDOK);
+  EXPECT_TRUE(opened) << screen_.Text();
+  EXPECT_EQ(CurrentSettings().categories_for_new, L"Work");
+}
+
 INSTANTIATE_TEST_SUITE_P(Values, SettingsPagesTest, ::testing::ValuesIn(kCases),
                          [](const auto& info) { return std::string(info.param.name); });
 
