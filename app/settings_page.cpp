@@ -5,6 +5,7 @@
 #include <cwchar>
 
 #include "app/settings_apply.h"
+#include "format/current_pictures.h"
 #include "platform/ui/button.h"
 #include "platform/ui/date_picker.h"
 #include "platform/ui/dialog.h"
@@ -78,6 +79,9 @@ void ShowField(HWND page, const PageField& f, LONG value, const std::wstring& te
       st.wDay = 1;
       st.wHour = static_cast<WORD>(value / 60);
       st.wMinute = static_cast<WORD>(value % 60);
+      // Hours and minutes only: the settings keep whole minutes.
+      const std::wstring& picture = format::Pictures().time;
+      SendDlgItemMessageW(page, f.id, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(picture.c_str()));
       SendDlgItemMessageW(page, f.id, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&st));
       break;
     }

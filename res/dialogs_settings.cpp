@@ -85,7 +85,7 @@ constexpr DialogItemDef kNewTasksItems[] = {
     {WC_BUTTONW, 44734, kFilteredCatForNew, kCheck, 0, 5, 0, 1},   // "Use the filtered category"
     {WC_BUTTONW, 44735, kReminderForNew, kCheck, 0, 6, 0, 1},      // "Set reminders on ..."
     {WC_STATICW, 44736, kNoId, 0, 0, 7, 14, 1},                    // "Reminder time:"
-    {DATETIMEPICK_CLASSW, 0, kReminderTimeForNew, kTime, 15, 7, 10, 1},
+    {DATETIMEPICK_CLASSW, 0, kReminderTimeForNew, kTime, 15, 7, 12, 1},
 };
 
 constexpr DialogItemDef kActiveSyncItems[] = {
@@ -95,7 +95,7 @@ constexpr DialogItemDef kActiveSyncItems[] = {
     {WC_STATICW, 44741, kNoId, 0, 33, 0, 0, 1},               // "hours"
     {WC_BUTTONW, 44742, kNotesSynchro, kCheck, 0, 1, 0, 1},   // "Resolve Notes synchro."
     {WC_STATICW, 44743, kNoId, 0, 0, 2, 26, 1},               // "Reminder time on due date:"
-    {DATETIMEPICK_CLASSW, 0, kReminderTime, kTime, 27, 2, 10, 1},
+    {DATETIMEPICK_CLASSW, 0, kReminderTime, kTime, 27, 2, 12, 1},
 };
 
 // One colour or style list in the left column, by its line.
