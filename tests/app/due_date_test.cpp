@@ -17,17 +17,8 @@
 namespace velmo::testing {
 namespace {
 
-class DueDateTest : public MainWindowTest {
+class DueDateTest : public StartedMainWindowTest {
  protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
   CEOID Add(DATE start, DATE due, DATE reminder) {
     ITask* item = nullptr;
     EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);

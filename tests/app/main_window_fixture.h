@@ -3,17 +3,21 @@
 // filter and a pinned clock (2024-05-15 noon).
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "app/commands.h"
 #include "app/list_rows.h"
 #include "app/main_window.h"
 #include "app/main_window_state.h"
+#include "app/task_changes.h"
 #include "platform/clock.h"
+#include "platform/poom.h"
 #include "platform/ui/desktop.h"
 #include "platform/ui/message_queue.h"
 #include "platform/ui/screen_headless.h"
 #include "platform/ui/window.h"
+#include "store/connection.h"
 #include "store/task_table.h"
 #include "tests/list/list_fixture.h"
 
@@ -65,6 +69,37 @@ class MainWindowTest : public ListTest {
   ui::HeadlessScreen screen_;
   ui::ScopedScreen scoped_;
   HWND window_ = nullptr;
+};
+
+// The main window started over the device's own tasks database, which the
+// test fills through the object model.
+class StartedMainWindowTest : public MainWindowTest {
+ protected:
+  void SetUp() override {
+    MainWindowTest::SetUp();
+    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
+    Pump();
+  }
+  void TearDown() override {
+    CloseTasksDatabase();
+    MainWindowTest::TearDown();
+  }
+  // A task of that subject saved through the object model (`more` sets its
+  // other fields before the save), the list then read again.
+  CEOID AddTask(const wchar_t* subject, const std::function<void(ITask*)>& more = {}) {
+    ITask* item = nullptr;
+    EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
+    if (!item) return 0;
+    item->put_Subject(subject);
+    if (more) more(item);
+    EXPECT_EQ(item->Save(), S_OK);
+    CEOID oid = 0;
+    item->get_Oid(&oid);
+    item->Release();
+    app::ReloadTasksNow();
+    Pump();
+    return oid;
+  }
 };
 
 }  // namespace velmo::testing

@@ -12,29 +12,10 @@ namespace {
 
 // The main window started on the device's tasks database; tasks are made
 // through the object model. The first run's welcome task is there too.
-class TasksTest : public MainWindowTest {
+class TasksTest : public StartedMainWindowTest {
  protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
-
   CEOID Add(const wchar_t* subject, const std::function<void(ITask*)>& more = {}) {
-    ITask* item = nullptr;
-    EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
-    item->put_Subject(subject);
-    if (more) more(item);
-    EXPECT_EQ(item->Save(), S_OK);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
-    item->Release();
-    app::ReloadTasksNow();
-    Pump();
+    const CEOID oid = AddTask(subject, more);
     EXPECT_TRUE(app::SelectTaskRow(oid));
     return oid;
   }

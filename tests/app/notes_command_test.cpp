@@ -12,17 +12,8 @@
 namespace velmo::testing {
 namespace {
 
-class NotesCommandTest : public MainWindowTest {
+class NotesCommandTest : public StartedMainWindowTest {
  protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
   std::wstring BodyOf(CEOID oid) {
     ITask* item = nullptr;
     if (FAILED(app::OpenTaskItem(oid, &item)) || !item) return L"<gone>";

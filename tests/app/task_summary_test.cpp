@@ -16,17 +16,8 @@
 namespace velmo::testing {
 namespace {
 
-class SummaryTest : public MainWindowTest {
+class SummaryTest : public StartedMainWindowTest {
  protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
   CEOID Add(const wchar_t* subject, const std::wstring& notes = L"") {
     ITask* item = nullptr;
     EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);

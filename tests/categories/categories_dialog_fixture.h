@@ -17,17 +17,8 @@
 
 namespace velmo::testing {
 
-class CategoriesDialogTest : public MainWindowTest {
+class CategoriesDialogTest : public StartedMainWindowTest {
  protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
   CEOID Add(const wchar_t* subject, const wchar_t* categories, const wchar_t* notes = nullptr) {
     ITask* item = nullptr;
     EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);

@@ -10,32 +10,13 @@
 #include <thread>
 
 #include "tests/e2e/tmux_session.h"
-#include "tests/support/temp_root.h"
+#include "tests/e2e/device_end_to_end.h"
 
 namespace velmo::testing {
 namespace {
 
-class CategoriesSearchEndToEndTest : public DeviceTest {
+class CategoriesSearchEndToEndTest : public DeviceEndToEndTest {
  protected:
-  void SetUp() override {
-    run_ = root().string() + "/run";
-    mkdir(run_.c_str(), 0700);
-    setenv("XDG_RUNTIME_DIR", run_.c_str(), 1);
-  }
-  void TearDown() override { unsetenv("XDG_RUNTIME_DIR"); }
-
-  std::vector<std::string> Env() const {
-    return {"VELMO_ROOT=" + root().string(), "XDG_RUNTIME_DIR=" + run_, "LANG=C.UTF-8"};
-  }
-  std::string Velmo(const std::string& args) const {
-    return CommandOutput(std::string(VELMO_BIN) + " --root '" + root().string() + "' " + args);
-  }
-  std::string ListLine(const std::string& subject) const {
-    std::istringstream lines(Velmo("list"));
-    for (std::string line; std::getline(lines, line);)
-      if (line.find("\t" + subject + "\t") != std::string::npos) return line;
-    return "";
-  }
   // The first background colour drawn on the row that shows `text`.
   static std::string Background(const std::string& screen, const std::string& text) {
     std::istringstream rows(screen);
@@ -61,8 +42,6 @@ class CategoriesSearchEndToEndTest : public DeviceTest {
     }
     return false;
   }
-
-  std::string run_;
 };
 
 TEST_F(CategoriesSearchEndToEndTest, TwoCategoriesGivenFilteredOnAndANotesWordFound) {

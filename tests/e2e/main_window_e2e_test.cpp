@@ -12,41 +12,23 @@
 #include "app/shortcut_keys.h"
 #include "settings/settings.h"
 #include "tests/e2e/tmux_session.h"
-#include "tests/support/temp_root.h"
+#include "tests/e2e/device_end_to_end.h"
 
 namespace velmo::testing {
 namespace {
 
-class EndToEndTest : public DeviceTest {
+class EndToEndTest : public DeviceEndToEndTest {
  protected:
-  void SetUp() override {
-    run_ = root().string() + "/run";
-    mkdir(run_.c_str(), 0700);
-    setenv("XDG_RUNTIME_DIR", run_.c_str(), 1);
-  }
-  void TearDown() override { unsetenv("XDG_RUNTIME_DIR"); }
-
-  std::vector<std::string> Env() const {
-    return {"VELMO_ROOT=" + root().string(), "XDG_RUNTIME_DIR=" + run_, "LANG=C.UTF-8"};
-  }
-  // The companion command on the same device.
-  std::string Velmo(const std::string& args) const {
-    return CommandOutput(std::string(VELMO_BIN) + " --root '" + root().string() + "' " + args);
-  }
   // The identifier of the task with that subject, from the companion's list.
   std::string OidOf(const std::string& subject) const {
-    std::istringstream lines(Velmo("list"));
-    for (std::string line; std::getline(lines, line);)
-      if (line.find("\t" + subject + "\t") != std::string::npos) return line.substr(0, line.find('\t'));
-    return "";
+    const std::string line = ListLine(subject);
+    return line.substr(0, line.find('\t'));
   }
   // The background colour sequence in force where the screen shows `text`.
   static std::string Background(const std::string& screen, const std::string& text) {
     const size_t at = screen.rfind("\x1b[48;", screen.find(text));
     return at == std::string::npos ? "" : screen.substr(at, screen.find('m', at) - at);
   }
-
-  std::string run_;
 };
 
 TEST_F(EndToEndTest, ANewUsersFirstSession) {

@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "tests/e2e/tmux_session.h"
-#include "tests/support/temp_root.h"
+#include "tests/e2e/device_end_to_end.h"
 
 namespace velmo::testing {
 namespace {
@@ -28,21 +28,12 @@ std::string DateIn(int days) {
   return text;
 }
 
-class SettingsPagesEndToEndTest : public DeviceTest {
+class SettingsPagesEndToEndTest : public DeviceEndToEndTest {
  protected:
-  void SetUp() override {
-    run_ = root().string() + "/run";
-    mkdir(run_.c_str(), 0700);
-    setenv("XDG_RUNTIME_DIR", run_.c_str(), 1);
-  }
-  void TearDown() override { unsetenv("XDG_RUNTIME_DIR"); }
-
   std::vector<std::string> Env() const {
-    return {"VELMO_ROOT=" + root().string(), "XDG_RUNTIME_DIR=" + run_, "LANG=C.UTF-8",
-            "TERM=xterm-256color"};
-  }
-  std::string Velmo(const std::string& args) const {
-    return CommandOutput(std::string(VELMO_BIN) + " --root '" + root().string() + "' " + args);
+    std::vector<std::string> env = DeviceEndToEndTest::Env();
+    env.push_back("TERM=xterm-256color");
+    return env;
   }
 
   // Waits until `first` shows on a line above `second`.
@@ -76,8 +67,6 @@ class SettingsPagesEndToEndTest : public DeviceTest {
     }
     return false;
   }
-
-  std::string run_;
 };
 
 TEST_F(SettingsPagesEndToEndTest, ViewsAndAppearanceApplyAtOnceAndResetUndoesThem) {

@@ -10,37 +10,13 @@
 #include <sstream>
 
 #include "tests/e2e/tmux_session.h"
-#include "tests/support/temp_root.h"
+#include "tests/e2e/device_end_to_end.h"
 
 namespace velmo::testing {
 namespace {
 
-class EditorEndToEndTest : public DeviceTest {
+class EditorEndToEndTest : public DeviceEndToEndTest {
  protected:
-  void SetUp() override {
-    run_ = root().string() + "/run";
-    mkdir(run_.c_str(), 0700);
-    setenv("XDG_RUNTIME_DIR", run_.c_str(), 1);
-  }
-  void TearDown() override { unsetenv("XDG_RUNTIME_DIR"); }
-
-  std::vector<std::string> Env() const {
-    return {"VELMO_ROOT=" + root().string(), "XDG_RUNTIME_DIR=" + run_, "LANG=C.UTF-8"};
-  }
-  std::string ListLine(const std::string& subject) const {
-    std::istringstream lines(
-        CommandOutput(std::string(VELMO_BIN) + " --root '" + root().string() + "' list"));
-    for (std::string line; std::getline(lines, line);)
-      if (line.find("\t" + subject + "\t") != std::string::npos) return line;
-    return "";
-  }
-  // The row of the screen that shows `text`.
-  static std::string RowWith(const std::string& screen, const std::string& text) {
-    std::istringstream rows(screen);
-    for (std::string row; std::getline(rows, row);)
-      if (row.find(text) != std::string::npos) return row;
-    return "";
-  }
   // Today plus `days` as YYYY-MM-DD, and its weekday's name.
   static std::string Day(int days, const char* format = "%Y-%m-%d") {
     std::time_t now = std::time(nullptr) + days * 86400;
@@ -48,8 +24,6 @@ class EditorEndToEndTest : public DeviceTest {
     std::strftime(text, sizeof text, format, std::localtime(&now));
     return text;
   }
-
-  std::string run_;
 };
 
 TEST_F(EditorEndToEndTest, DatesReminderRecurrenceAndNotesGivenInTheEditor) {

@@ -24,30 +24,10 @@ namespace {
 using namespace res::editor_id;
 using Step = std::function<void(HWND editor)>;
 
-class TaskEditorTest : public MainWindowTest {
+class TaskEditorTest : public StartedMainWindowTest {
  protected:
-  void SetUp() override {
-    MainWindowTest::SetUp();
-    ASSERT_TRUE(app::StartMainWindow(app::StartRequest{}));
-    Pump();
-  }
-  void TearDown() override {
-    CloseTasksDatabase();
-    MainWindowTest::TearDown();
-  }
-
   CEOID Add(const wchar_t* subject, const std::function<void(ITask*)>& more = {}) {
-    ITask* item = nullptr;
-    EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
-    item->put_Subject(subject);
-    if (more) more(item);
-    EXPECT_EQ(item->Save(), S_OK);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
-    item->Release();
-    app::ReloadTasksNow();
-    Pump();
-    return oid;
+    return AddTask(subject, more);
   }
   const Task* Find(CEOID oid) {
     const int i = FindTask(oid);
