@@ -23,10 +23,12 @@
 #include "editor/task_editor.h"
 #include "list/draw_appearance.h"
 #include "app/entry_box.h"
+#include "editor/call_history_dialog.h"
 #include "list/sort_rows.h"
 #include "list/view_commands.h"
 #include "list/view_ids.h"
 #include "list/view_rows.h"
+#include "platform/ui/edit.h"
 #include "platform/ui/list_view.h"
 #include "platform/ui/message_queue.h"
 #include "platform/ui/timers.h"
@@ -57,10 +59,6 @@ CEOID SelectedOid() {
 }
 
 
-
-// Commands whose dialogs belong to other parts of the program and are not
-// there yet: they are in the menus and do nothing.
-void NoDialogYet(UINT, LPARAM) {}
 
 // The summary of the selected task; a command chosen there (its "Edit"
 // among them) is carried out here, on the same task.
@@ -130,6 +128,16 @@ void DueDate(UINT, LPARAM) {
   } else if (const CEOID oid = SelectedOid()) {
     ChangeDueDate(oid);
   }
+}
+
+// The talk key in the quick-entry box: a call of the phone's history goes in
+// at the box's caret as "CallInsertMode" says.
+void QuickEntryCallHistory(UINT, LPARAM) {
+  HWND box = MainWindow().entry;
+  if (!box || !InEntryMode()) return;
+  const std::wstring text = PickCallText(MainWindow().window);
+  SetFocus(box);
+  if (!text.empty()) SendMessageW(box, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void QuickEntryEnter(UINT, LPARAM) {
@@ -253,7 +261,7 @@ constexpr CommandRange kCommands[] = {
     {kCmdNextView, kCmdNextViewSkip, ViewCommand},
     {kCmdPreviousView, kCmdPreviousViewSkip, ViewCommand},
     {cmd::kQuickEntryEnter, cmd::kQuickEntryEnter, QuickEntryEnter},
-    {cmd::kQuickEntryCallHistory, cmd::kQuickEntryCallHistory, NoDialogYet},
+    {cmd::kQuickEntryCallHistory, cmd::kQuickEntryCallHistory, QuickEntryCallHistory},
     {cmd::kChangeCategories, cmd::kChangeCategories, ChangeCategories},
     {cmd::kQuickReminder, cmd::kQuickReminder, QuickOrSelected},
     {cmd::kLinksMenuFirst, cmd::kLinks, LinkCommand},

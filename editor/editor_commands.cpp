@@ -3,6 +3,7 @@
 
 #include "app/delete_commands.h"
 #include "categories/dialog/categories_dialog.h"
+#include "editor/call_history_dialog.h"
 #include "editor/contact_insert.h"
 #include "editor/date_commands.h"
 #include "editor/editor_dialog.h"
@@ -112,6 +113,17 @@ void InsertContact(EditorDialog* d, UINT) {
     Insert(d, ContactInsertText(contacts[chosen - 1], CurrentSettings().contact_insert_mode));
 }
 
+// "Call History": the phone's calls in a list; the one chosen goes in at the
+// caret as "CallInsertMode" says.
+void InsertCall(EditorDialog* d, UINT) {
+  const EditorFocus focus = FocusKindOf(d->focus_id);
+  if (!d->has_calls || (focus != EditorFocus::kText && focus != EditorFocus::kNotes)) return;
+  const int field = d->focus_id;
+  const std::wstring text = PickCallText(d->dialog);
+  SetFocus(GetDlgItem(d->dialog, field));
+  Insert(d, text);
+}
+
 void NotesFullScreen(EditorDialog* d) {
   ReadTextFields(d);
   std::wstring notes = d->fields.notes;
@@ -158,8 +170,6 @@ void ActionKey(EditorDialog* d, UINT) {
   }
 }
 
-void Nothing(EditorDialog*, UINT) {}
-
 struct CommandRange {
   UINT first;
   UINT last;
@@ -175,7 +185,7 @@ constexpr CommandRange kCommands[] = {
     {kCmdYesterday, kCmdDatePicker, DateCommand},
     {kCmdMyText, kCmdMyText, InsertMyText},
     {kCmdContact, kCmdContact, InsertContact},
-    {kCmdCallHistory, kCmdCallHistory, Nothing},
+    {kCmdCallHistory, kCmdCallHistory, InsertCall},
     {kCmdInsertTime, kCmdLongDateLast, InsertCommand},
     {kCmdTab, kCmdTab, InsertCommand},
 };

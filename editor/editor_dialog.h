@@ -22,6 +22,7 @@ struct EditorDialog {
   bool truncation_warned = false;
   bool showing = false;   // the controls are being set: their changes are not the user's
   DWORD input_mode = 1;
+  bool has_calls = false;  // the phone's call history had calls when the editor opened
   std::unordered_map<HWND, WNDPROC> control_procs;  // the controls' own procedures
 };
 

@@ -108,7 +108,7 @@ void UpdateMenuState(EditorDialog* d) {
   const EditorFocus focus = FocusKindOf(d->focus_id);
   for (const EditorCommandRange& range : kEditorMenuCommands) {
     for (UINT command = range.first; command <= range.last; ++command) {
-      const bool on = EditorCommandEnabled(command, focus, d->fields.is_new());
+      const bool on = EditorCommandEnabled(command, focus, d->fields.is_new(), d->has_calls);
       EnableMenuItem(d->menu, command, MF_BYCOMMAND | (on ? MF_ENABLED : MF_GRAYED));
     }
   }

@@ -4,6 +4,7 @@
 #include "editor/date_commands.h"
 #include "editor/editor_dialog.h"
 #include "editor/editor_title.h"
+#include "platform/call_log.h"
 #include "platform/clock.h"
 #include "platform/ui/date_picker.h"
 #include "platform/ui/dialog.h"
@@ -44,6 +45,7 @@ void OnInit(HWND dialog, EditorDialog* d) {
   SetFocus(GetDlgItem(dialog, kSubject));
   d->focus_id = kSubject;
   SubclassControls(d);
+  d->has_calls = CallLogHasEntries();
   UpdateMenuState(d);
 }
 

@@ -1,7 +1,7 @@
 // Which entries of the editor's menu can be chosen: "Insert" only while a text
 // field has the focus, the date commands only while a date field has it ("Date
 // Picker..." on the end of recurrence too), "Delete Task" only for a task that
-// exists, "Contact" and "Call History" not yet.
+// exists, "Call History" only while the phone's call history has calls.
 #pragma once
 
 #include "editor/editor_focus.h"
@@ -9,7 +9,7 @@
 
 namespace velmo {
 
-bool EditorCommandEnabled(UINT command, EditorFocus focus, bool is_new);
+bool EditorCommandEnabled(UINT command, EditorFocus focus, bool is_new, bool has_calls);
 
 // Every command the menu state decides, for walking the menu.
 struct EditorCommandRange {

@@ -162,12 +162,13 @@ TEST_F(EditorDatesTest, SelectDayEntriesAreWeekdayNames) {
 }
 
 TEST(EditorMenuState, InsertOnTextDatesOnDateFields) {
-  struct Case { UINT command; EditorFocus focus; bool is_new; bool enabled; };
+  struct Case { UINT command; EditorFocus focus; bool is_new; bool enabled; bool has_calls = false; };
   const Case cases[] = {
       {40085, EditorFocus::kText, false, true},   {40085, EditorFocus::kDate, false, false},
       {40141, EditorFocus::kNotes, false, true},  {47000, EditorFocus::kOther, false, false},
       {40086, EditorFocus::kText, false, true},   {40086, EditorFocus::kDate, false, false},
-      {40092, EditorFocus::kNotes, false, false},
+      {40092, EditorFocus::kNotes, false, false},  {40092, EditorFocus::kNotes, false, true, true},
+      {40092, EditorFocus::kDate, false, false, true},
       {40095, EditorFocus::kDate, false, true},   {40095, EditorFocus::kText, false, false},
       {40095, EditorFocus::kRecurrenceEnd, false, false},
       {40107, EditorFocus::kRecurrenceEnd, false, true},
@@ -176,7 +177,7 @@ TEST(EditorMenuState, InsertOnTextDatesOnDateFields) {
       {40022, EditorFocus::kDate, true, true},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(EditorCommandEnabled(c.command, c.focus, c.is_new), c.enabled) << c.command;
+    EXPECT_EQ(EditorCommandEnabled(c.command, c.focus, c.is_new, c.has_calls), c.enabled) << c.command;
 }
 
 TEST(EditorTitle, SubjectAndFieldNames) {
