@@ -23,11 +23,12 @@ using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
 constexpr int kBusyTimeoutMs = 200;
 
 // A stamp the dialler left unset is written as NULL, empty or the epoch;
-// julianday() of anything else is past 2 January 1970.
+// julianday() of anything else is past 2 January 1970. A withheld number has
+// no target: nothing to insert.
 constexpr const char* kCallsSql =
     "SELECT target, inbound, CAST(strftime('%s', start) AS INTEGER),"
     " coalesce(julianday(answered) > 2440589.5, 0)"
-    " FROM calls WHERE julianday(start) IS NOT NULL"
+    " FROM calls WHERE julianday(start) IS NOT NULL AND coalesce(target, '') <> ''"
     " ORDER BY julianday(start) DESC, id DESC LIMIT ?";
 
 Db OpenReadOnly() {
@@ -73,7 +74,7 @@ std::vector<CallRecord> Read(size_t limit) {
   while ((rc = sqlite3_step(raw)) == SQLITE_ROW) {
     CallRecord call;
     call.number = NumberOf(sqlite3_column_text(raw, 0));
-    if (call.number.empty()) continue;  // a withheld number: nothing to insert
+    if (call.number.empty()) continue;  // "tel:" alone: nothing to insert
     const bool inbound = sqlite3_column_int(raw, 1) != 0;
     const bool answered = sqlite3_column_int(raw, 3) != 0;
     call.kind = !inbound ? CallKind::kOutgoing : answered ? CallKind::kIncoming : CallKind::kMissed;
