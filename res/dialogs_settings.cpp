@@ -33,12 +33,15 @@ constexpr DialogItemDef kOptionsItems[] = {
     {WC_STATICW, 44706, kNoId, 0, 0, 1, 18, 1},  // "Insert contact as:"
     {WC_LISTBOXW, 0, kContactInsertMode, kList, 20, 1, 22, 1},
     {UPDOWN_CLASSW, 0, kContactInsertMode + 1, kSpin, 0, 0, 1, 1},
-    {WC_BUTTONW, 44701, kDeleteConfirm, kCheck, 0, 2, 0, 1},
-    {WC_BUTTONW, 44702, kRenameCopy, kCheck, 0, 3, 0, 1},
-    {WC_BUTTONW, 44703, kDelReminderOnComplete, kCheck, 0, 4, 0, 1},
-    {WC_BUTTONW, 44704, kDatesInput, kCheck, 0, 5, 0, 1},
-    {WC_BUTTONW, 44705, kExitMenu, kCheck, 0, 6, 0, 1},
-    {WC_BUTTONW, 44707, kSubjectInCallLog, kCheck, 0, 7, 0, 1},
+    {WC_STATICW, 44708, kNoId, 0, 0, 2, 18, 1},  // "Insert call as:"
+    {WC_LISTBOXW, 0, kCallInsertMode, kList, 20, 2, 22, 1},
+    {UPDOWN_CLASSW, 0, kCallInsertMode + 1, kSpin, 0, 0, 1, 1},
+    {WC_BUTTONW, 44701, kDeleteConfirm, kCheck, 0, 3, 0, 1},
+    {WC_BUTTONW, 44702, kRenameCopy, kCheck, 0, 4, 0, 1},
+    {WC_BUTTONW, 44703, kDelReminderOnComplete, kCheck, 0, 5, 0, 1},
+    {WC_BUTTONW, 44704, kDatesInput, kCheck, 0, 6, 0, 1},
+    {WC_BUTTONW, 44705, kExitMenu, kCheck, 0, 7, 0, 1},
+    {WC_BUTTONW, 44707, kSubjectInCallLog, kCheck, 0, 8, 0, 1},
 };
 
 // One sort row: its label, the key list and the direction list.

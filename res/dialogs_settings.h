@@ -12,6 +12,7 @@ enum : int {
   // Options
   kInputMode = 100,
   kContactInsertMode = 102,
+  kCallInsertMode = 104,
   kDeleteConfirm = 110,
   kRenameCopy,
   kDelReminderOnComplete,
