@@ -10,6 +10,7 @@
 #include <time.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "tests/support/temp_root.h"
@@ -28,47 +29,35 @@ constexpr const char* kGnomeCallsSchema =
 class PhoneEnvironment {
  public:
   explicit PhoneEnvironment(const std::filesystem::path& root) : data_(root / "data") {
-    Save("XDG_DATA_HOME", &xdg_);
-    Save("TZ", &tz_);
+    for (size_t i = 0; i < 2; ++i) {
+      const char* old = getenv(kNames[i]);
+      saved_[i] = old ? std::optional<std::string>(old) : std::nullopt;
+    }
     setenv("XDG_DATA_HOME", data_.c_str(), 1);
     setenv("TZ", "UTC", 1);
     tzset();
   }
   ~PhoneEnvironment() {
-    Restore("XDG_DATA_HOME", xdg_);
-    Restore("TZ", tz_);
+    for (size_t i = 0; i < 2; ++i)
+      if (saved_[i]) setenv(kNames[i], saved_[i]->c_str(), 1); else unsetenv(kNames[i]);
     tzset();
   }
   std::filesystem::path RecordsPath() const { return data_ / "calls" / "records.db"; }
 
-  // A records.db holding `sql` run after the dialler's schema.
+  // A records.db holding `sql` run after `schema`.
   void WriteRecords(const std::string& sql, const char* schema = kGnomeCallsSchema) const {
     std::filesystem::create_directories(RecordsPath().parent_path());
     sqlite3* db = nullptr;
     ASSERT_EQ(sqlite3_open(RecordsPath().c_str(), &db), SQLITE_OK);
-    char* error = nullptr;
     const std::string all = std::string(schema) + sql;
-    EXPECT_EQ(sqlite3_exec(db, all.c_str(), nullptr, nullptr, &error), SQLITE_OK) << (error ? error : "");
-    sqlite3_free(error);
+    EXPECT_EQ(sqlite3_exec(db, all.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
     sqlite3_close(db);
   }
 
  private:
-  struct Saved {
-    bool had = false;
-    std::string value;
-  };
-  static void Save(const char* name, Saved* saved) {
-    const char* old = getenv(name);
-    saved->had = old != nullptr;
-    saved->value = old ? old : "";
-  }
-  static void Restore(const char* name, const Saved& saved) {
-    if (saved.had) setenv(name, saved.value.c_str(), 1); else unsetenv(name);
-  }
+  static constexpr const char* kNames[2] = {"XDG_DATA_HOME", "TZ"};
   std::filesystem::path data_;
-  Saved xdg_;
-  Saved tz_;
+  std::optional<std::string> saved_[2];
 };
 
 // Calls in the dialler's columns, oldest first: who, whether it came in, its
