@@ -1,6 +1,8 @@
 // The main window's menus and soft-key bars.
 #include "res/menus_app.h"
 
+#include "platform/ui/edit.h"
+#include "platform/ui/messages.h"
 #include "res/command_ids.h"
 
 namespace velmo::res {
@@ -134,5 +136,15 @@ const SoftKeyBarDef kListBar{{kTextComplete, cmd::kCompleteOrActivate, nullptr},
                              {kTextMenu, 0, &kMainMenu}};
 const SoftKeyBarDef kQuickEntryBar{{kTextDone, cmd::kQuickEntryEnter, nullptr},
                                    {kTextMenu, 0, &kQuickEntryMenu}};
+
+namespace {
+constexpr DialogItemDef kRenameItems[] = {
+    {WC_STATICW, kTextSubjectLabel, 0, 0, 1, 0, -1, 1},
+    {WC_EDITW, 0, kRenameSubjectField, WS_TABSTOP | ES_AUTOHSCROLL, 1, 1, -1, 1},
+};
+}  // namespace
+
+const DialogDef kRenameDialog{kTextRenameTitle, kRenameItems};
+const SoftKeyBarDef kDoneCancelBar{{kTextDone, IDOK, nullptr}, {kTextCancel, IDCANCEL, nullptr}};
 
 }  // namespace velmo::res

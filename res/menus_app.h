@@ -2,6 +2,7 @@
 // set by the "Left Menu" shortcut, "Menu" on the right) and the quick-entry bar.
 #pragma once
 
+#include "res/dialog_table.h"
 #include "res/menu_table.h"
 
 namespace velmo::res {
@@ -21,5 +22,10 @@ constexpr UINT kTextSubjectLabel = 41713;    // "Subject:"
 constexpr UINT kTextTooSmall = 41714;        // the notice of a terminal too small
 constexpr UINT kTextDone = 41711;            // "Done"
 constexpr UINT kTextCancel = 41715;          // "Cancel"
+
+// "Rename": "Subject:" over the subject's field, "Done" and "Cancel".
+constexpr int kRenameSubjectField = 101;
+extern const DialogDef kRenameDialog;
+extern const SoftKeyBarDef kDoneCancelBar;
 
 }  // namespace velmo::res

@@ -34,9 +34,14 @@ const SoftKeyBarDef kFindBar{{kTextDone, IDOK, nullptr}, {kTextCancel, IDCANCEL,
 const DLGITEMTEMPLATEW kNotesItems[1] = {
     {WC_EDITW, L"", kNotesFieldId, WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN, 0, 0, 0, 0},
 };
-const DLGITEMTEMPLATEW kFindItems[2] = {
-    {WC_STATICW, nullptr, 0, 0, 1, 0, -1, 1},
-    {WC_EDITW, L"", kFindTextId, WS_TABSTOP | ES_AUTOHSCROLL, 1, 1, -1, 1},
+
+namespace {
+constexpr DialogItemDef kFindItems[] = {
+    {WC_STATICW, kTextFindWhat, 0, 0, 1, 0, -1, 1},
+    {WC_EDITW, 0, kFindTextId, WS_TABSTOP | ES_AUTOHSCROLL, 1, 1, -1, 1},
 };
+}  // namespace
+
+const DialogDef kFindDialog{kTextFindTitle, kFindItems};
 
 }  // namespace velmo::res

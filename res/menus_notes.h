@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/ui/dialog.h"
+#include "res/dialog_table.h"
 #include "res/menu_table.h"
 
 namespace velmo::res {
@@ -28,9 +29,9 @@ extern const MenuDef kNotesMenu;
 extern const SoftKeyBarDef kNotesBar;     // "Done" (IDOK) and "Menu"
 extern const SoftKeyBarDef kFindBar;      // "Done" (IDOK) and "Cancel" (IDCANCEL)
 
-// The notes editor fills the screen with its field; the find prompt is a
-// label over a text field.
+// The notes editor fills the screen with its field; the find prompt is
+// "Find what:" over a text field.
 extern const DLGITEMTEMPLATEW kNotesItems[1];
-extern const DLGITEMTEMPLATEW kFindItems[2];  // the label's text: kTextFindWhat
+extern const DialogDef kFindDialog;
 
 }  // namespace velmo::res
