@@ -20,25 +20,14 @@ namespace {
 class DueDateTest : public StartedMainWindowTest {
  protected:
   CEOID Add(DATE start, DATE due, DATE reminder) {
-    ITask* item = nullptr;
-    EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
-    item->put_Subject(L"Dentist");
-    item->put_StartDate(start);
-    item->put_DueDate(due);
-    item->put_ReminderSet(reminder == kNoDate ? VARIANT_FALSE : VARIANT_TRUE);
-    if (reminder != kNoDate) item->put_ReminderTime(reminder);
-    EXPECT_EQ(item->Save(), S_OK);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
-    item->Release();
-    app::ReloadTasksNow();
-    Pump();
+    const CEOID oid = AddTask(L"Dentist", [&](ITask* item) {
+      item->put_StartDate(start);
+      item->put_DueDate(due);
+      item->put_ReminderSet(reminder == kNoDate ? VARIANT_FALSE : VARIANT_TRUE);
+      if (reminder != kNoDate) item->put_ReminderTime(reminder);
+    });
     EXPECT_TRUE(app::SelectTaskRow(oid));
     return oid;
-  }
-  const Task* Find(CEOID oid) {
-    const int i = FindTask(oid);
-    return i < 0 ? nullptr : Tasks()[static_cast<size_t>(i)].get();
   }
 };
 

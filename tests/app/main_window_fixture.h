@@ -99,6 +99,10 @@ class StartedMainWindowTest : public MainWindowTest {
     app::ReloadTasksNow();
     Pump();
     return oid;
+  }  // The task table's entry of `oid`, or null when the table has none.
+  const Task* Find(CEOID oid) {
+    const int i = FindTask(oid);
+    return i < 0 ? nullptr : Tasks()[static_cast<size_t>(i)].get();
   }
 };
 

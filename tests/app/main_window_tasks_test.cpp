@@ -26,10 +26,6 @@ class TasksTest : public StartedMainWindowTest {
     item->GetRecurrencePattern(&pattern);
     pattern->Release();
   }
-  const Task* Find(CEOID oid) {
-    const int i = FindTask(oid);
-    return i < 0 ? nullptr : Tasks()[static_cast<size_t>(i)].get();
-  }
   // Runs a command; each message box on the way is answered with the next key.
   std::vector<std::wstring> Run(UINT command, std::vector<UINT> answers = {}) {
     std::vector<std::wstring> asked;

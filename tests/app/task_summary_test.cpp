@@ -19,23 +19,12 @@ namespace {
 class SummaryTest : public StartedMainWindowTest {
  protected:
   CEOID Add(const wchar_t* subject, const std::wstring& notes = L"") {
-    ITask* item = nullptr;
-    EXPECT_EQ(Store().app->CreateItem(olTaskItem, &item), S_OK);
-    item->put_Subject(subject);
-    item->put_DueDate(Day(1));
-    item->put_Body(notes.c_str());
-    EXPECT_EQ(item->Save(), S_OK);
-    CEOID oid = 0;
-    item->get_Oid(&oid);
-    item->Release();
-    app::ReloadTasksNow();
-    Pump();
+    const CEOID oid = AddTask(subject, [&](ITask* item) {
+      item->put_DueDate(Day(1));
+      item->put_Body(notes.c_str());
+    });
     EXPECT_TRUE(app::SelectTaskRow(oid));
     return oid;
-  }
-  const Task* Find(CEOID oid) {
-    const int i = FindTask(oid);
-    return i < 0 ? nullptr : Tasks()[static_cast<size_t>(i)].get();
   }
   // Opens the summary on `oid`, runs `while_open` over it, returns its result.
   INT_PTR Summary(CEOID oid, std::function<void()> while_open) {

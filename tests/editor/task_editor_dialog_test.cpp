@@ -26,13 +26,6 @@ using Step = std::function<void(HWND editor)>;
 
 class TaskEditorTest : public StartedMainWindowTest {
  protected:
-  CEOID Add(const wchar_t* subject, const std::function<void(ITask*)>& more = {}) {
-    return AddTask(subject, more);
-  }
-  const Task* Find(CEOID oid) {
-    const int i = FindTask(oid);
-    return i < 0 ? nullptr : Tasks()[static_cast<size_t>(i)].get();
-  }
   // Steps run one by one while the editor waits; each gets the editor.
   void Then(Step step) {
     screen_.AddIdleStep([this, step] { step(GetActiveWindow()); });
@@ -65,7 +58,7 @@ class TaskEditorTest : public StartedMainWindowTest {
 };
 
 TEST_F(TaskEditorTest, OpensInEitherLayoutFilledFromTheTask) {
-  const CEOID oid = Add(L"Renew passport", [](ITask* t) {
+  const CEOID oid = AddTask(L"Renew passport", [](ITask* t) {
     t->put_StartDate(Day(1));
     t->put_DueDate(Day(4));
     t->put_Importance(olImportanceHigh);
@@ -153,7 +146,7 @@ TEST_F(TaskEditorTest, RefusedSavesTellWhyAndKeepTheFields) {
   };
   for (const Case& c : cases) {
     CurrentSettings().reminder_delta = c.reminder_delta;
-    existing = c.existing ? Add(L"Shared task") : 0;
+    existing = c.existing ? AddTask(L"Shared task") : 0;
     const size_t before = Tasks().size();
     std::wstring message, after;
     Then([this](HWND) { screen_.TypeText(L"Refused"); });
@@ -176,7 +169,7 @@ TEST_F(TaskEditorTest, RefusedSavesTellWhyAndKeepTheFields) {
 TEST_F(TaskEditorTest, DueBeforeStartIsRefusedByTheEditorItself) {
   for (DWORD outlook : {0u, 1u}) {
     CurrentSettings().dates_input = outlook;
-    const CEOID oid = Add(L"Plan trip", [](ITask* t) {
+    const CEOID oid = AddTask(L"Plan trip", [](ITask* t) {
       t->put_StartDate(Day(5));
       t->put_DueDate(Day(6));
     });
@@ -194,7 +187,7 @@ TEST_F(TaskEditorTest, DueBeforeStartIsRefusedByTheEditorItself) {
 }
 
 TEST_F(TaskEditorTest, DeleteTaskEndsTheEditorWhenConfirmed) {
-  const CEOID oid = Add(L"Old errand");
+  const CEOID oid = AddTask(L"Old errand");
   Then([](HWND e) { PostMessageW(e, WM_COMMAND, cmd::kDelete, 0); });
   Key(VK_RETURN);  // Yes
   EXPECT_EQ(RunTaskEditor(window_, oid), 0);
@@ -203,7 +196,7 @@ TEST_F(TaskEditorTest, DeleteTaskEndsTheEditorWhenConfirmed) {
 }
 
 TEST_F(TaskEditorTest, TruncatedNotesWarnOnceOnTheFirstChange) {
-  const CEOID oid = Add(L"Synced", [](ITask* t) {
+  const CEOID oid = AddTask(L"Synced", [](ITask* t) {
     t->put_Body((std::wstring(32000, L'n') + L"]").c_str());
   });
   std::wstring first, second;
