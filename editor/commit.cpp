@@ -108,11 +108,6 @@ bool ItemRecursAgain(ITask* task) {
   return SUCCEEDED(ReadRecurrenceFromItem(task, &recurring, &pattern)) && RecursAgain(recurring, pattern);
 }
 
-HRESULT LastErrorResult() {
-  const DWORD e = GetLastError();
-  return e == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(e);
-}
-
 }  // namespace
 
 HRESULT CommitTask(const EditorValues& v, ITask* item, bool is_new, const CommitHooks& hooks) {
@@ -187,7 +182,7 @@ HRESULT CommitTask(const EditorValues& v, ITask* item, bool is_new, const Commit
     WriteTaskTeamFlag(task.get(), v.team_task ? 1 : 0, false);
     WriteTaskCategories(task.get(), categories.c_str(), false);
   }
-  if (batched && !cedb::EndWriteBatch(&Store().volume) && SUCCEEDED(result)) result = LastErrorResult();
+  if (batched && !cedb::EndWriteBatch(&Store().volume) && SUCCEEDED(result)) result = FailureFromLastError();
   if (SUCCEEDED(result)) {
     Store().task_saved = true;
     CEOID oid = 0;

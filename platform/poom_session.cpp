@@ -23,11 +23,6 @@ std::wstring RegistryText(HKEY root, const wchar_t* key_path, const wchar_t* nam
   return text;
 }
 
-HRESULT LastError() {
-  const DWORD e = GetLastError();
-  return e == ERROR_SUCCESS ? E_FAIL : HRESULT_FROM_WIN32(e);
-}
-
 }  // namespace
 
 RecordProps::~RecordProps() { LocalFree(buffer_); }
@@ -36,7 +31,7 @@ HRESULT Session::Open(std::shared_ptr<Session>* out) {
   std::shared_ptr<Session> s(new Session());
   const std::wstring volume = RegistryText(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows",
                                            L"DbPath", cedb::kDefaultVolumePath);
-  if (!CeMountDBVol(&s->volume_, volume.c_str(), OPEN_ALWAYS)) return LastError();
+  if (!CeMountDBVol(&s->volume_, volume.c_str(), OPEN_ALWAYS)) return FailureFromLastError();
   s->mounted_ = true;
   const std::wstring name = RegistryText(HKEY_LOCAL_MACHINE, L"Explorer\\Database",
                                          L"TasksDatabase", cedb::kTasksDatabaseName);
@@ -48,7 +43,7 @@ HRESULT Session::Open(std::shared_ptr<Session>* out) {
     if (CeCreateDatabaseEx(&s->volume_, &info) != 0 || GetLastError() == ERROR_DUP_NAME)
       s->db_ = CeOpenDatabaseEx(&s->volume_, &s->db_oid_, name.c_str(), 0, 0, nullptr);
   }
-  if (s->db_ == INVALID_HANDLE_VALUE) return LastError();
+  if (s->db_ == INVALID_HANDLE_VALUE) return FailureFromLastError();
   *out = std::move(s);
   return S_OK;
 }
@@ -71,21 +66,21 @@ HRESULT Session::Read(CEOID oid, RecordProps* out) const {
     return E_INVALIDARG;
   if (CeReadRecordProps(db_, CEDB_ALLOWREALLOC, &out->count_, nullptr, &out->buffer_,
                         &out->size_) != oid)
-    return LastError();
+    return FailureFromLastError();
   return S_OK;
 }
 
 HRESULT Session::Write(CEOID oid, std::vector<CEPROPVAL>& props, CEOID* written) const {
   if (oid != 0 && !IsTaskRecord(oid)) return E_INVALIDARG;
   const CEOID result = CeWriteRecordProps(db_, oid, static_cast<WORD>(props.size()), props.data());
-  if (result == 0) return GetLastError() == ERROR_INVALID_PARAMETER ? E_INVALIDARG : LastError();
+  if (result == 0) return GetLastError() == ERROR_INVALID_PARAMETER ? E_INVALIDARG : FailureFromLastError();
   if (written) *written = result;
   return S_OK;
 }
 
 HRESULT Session::Delete(CEOID oid) const {
   if (!IsTaskRecord(oid)) return E_INVALIDARG;
-  return CeDeleteRecord(db_, oid) ? S_OK : LastError();
+  return CeDeleteRecord(db_, oid) ? S_OK : FailureFromLastError();
 }
 
 bool Session::BeginBatch() { return cedb::BeginWriteBatch(&volume_); }
